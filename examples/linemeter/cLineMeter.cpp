@@ -1,0 +1,115 @@
+#include "cLineMeter.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "nel_core/pi/cFDAIOData.h"
+#include "nel_core/pi/cWorkQueue.h"
+#include "nel_core/std/cOSErrorException.h"
+#include "nel_core/std/cRuntimeException.h"
+#include "nel_core/ucs/cLIMessage.h"
+#include "report.h"
+
+namespace {
+
+constexpr unsigned int kBufferSize = 256 * 1024;
+constexpr unsigned int kProgressInterval = 250; // milliseconds
+constexpr unsigned int kFaultInterval = 20;     // milliseconds
+
+[[noreturn]] void failOnPurpose()
+{
+    nucs::cLIMessage cause;
+    cause << "$MTR$The gauge \"%name%\" does not answer!"
+          << "demonstration";
+    nucs::cLIMessage message;
+    message << "$MTR$Unable to read gauge number %number%!" << 7;
+    nstd::cRuntimeException error(message, nullptr, 0);
+    error.link(nstd::cRuntimeException(cause, nullptr, 0));
+    throw error;
+}
+
+} // namespace
+
+cLineMeter::cLineMeter(int fd, bool isFailing)
+    : miFd(fd),
+      miFlags(::fcntl(fd, F_GETFL)),
+      maBuffer(kBufferSize)
+{
+    if (miFlags != -1)
+        ::fcntl(fd, F_SETFL, miFlags | O_NONBLOCK);
+
+    mInput.setName("input");
+    mInput.sigAction.connect(nrmi::slot(this, &cLineMeter::sltReadable));
+    mInput.sigActionError().connect(nrmi::slot(this, &cLineMeter::sltInputError));
+    auto* const descriptors = new npi::cFDAIOData;
+    nstd::tAutoPtr<npi::cAbstractAIOData> data(descriptors);
+    descriptors->addFd(fd, npi::tFdInfo::evReadable);
+    mInput.setAIOData(data);
+    npi::schedule(mInput);
+
+    mProgress.setName("progress");
+    mProgress.sigAction.connect(nrmi::slot(this, &cLineMeter::sltProgress));
+    mProgress.start(kProgressInterval, npi::cWork::Periodic);
+    npi::schedule(mProgress);
+
+    mFaulty.setName("faulty");
+    mFaulty.sigAction.connect(nrmi::slot(this, &cLineMeter::sltFaulty));
+    mFaulty.sigActionError().connect(nrmi::slot(this, &cLineMeter::sltFaultyError));
+    if (isFailing)
+        mFaulty.start(kFaultInterval, npi::cWork::Periodic);
+    npi::schedule(mFaulty);
+}
+
+cLineMeter::~cLineMeter()
+{
+    if (miFlags != -1)
+        ::fcntl(miFd, F_SETFL, miFlags);
+}
+
+piVoid cLineMeter::sltReadable()
+{
+    ssize_t const count = ::read(miFd, maBuffer.data(), maBuffer.length());
+    if (count > 0)
+        mCounter.add(maBuffer.data(), static_cast<unsigned int>(count));
+    else if (count == 0)
+        endInput();
+    else if (errno != EAGAIN && errno != EINTR)
+        throw nstd::cOSErrorException("read", errno);
+    return piVoid();
+}
+
+piVoid cLineMeter::sltProgress()
+{
+    if (mCounter.bytes() != miReported)
+        std::fprintf(stderr, "%llu lines, %llu bytes...\n", mCounter.lines(), mCounter.bytes());
+    miReported = mCounter.bytes();
+    return piVoid();
+}
+
+piVoid cLineMeter::sltFaulty()
+{
+    failOnPurpose();
+}
+
+piVoid cLineMeter::sltInputError(nstd::cAbstractException const& error, bool)
+{
+    report("linemeter: ", error);
+    mbFailed = true;
+    endInput();
+    return piVoid();
+}
+
+piVoid cLineMeter::sltFaultyError(nstd::cAbstractException const& error, bool)
+{
+    report("the action-error handler has taken: ", error);
+    return piVoid();
+}
+
+void cLineMeter::endInput()
+{
+    mCounter.finish();
+    mbInputEnded = true;
+    mInput.setAIOData(nstd::tAutoPtr<npi::cAbstractAIOData>());
+}

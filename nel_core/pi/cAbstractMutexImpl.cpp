@@ -1,0 +1,7 @@
+#include "nel_core/pi/cAbstractMutexImpl.h"
+
+namespace npi {
+
+cAbstractMutexImpl::~cAbstractMutexImpl() = default;
+
+} // namespace npi

@@ -1,0 +1,48 @@
+#include "nel_core/pi/cDebugEntry.h"
+
+#include "nel_core/pi/cDebugStdErr.h"
+#include "nel_core/pi/cSystem.h"
+#include "nel_core/pi/cSystemState.h"
+
+namespace npi {
+namespace {
+
+// Where entries go that have no system. Never destroyed: entries may come from the last static destructor.
+cAbstractOut& unfilteredStdErr()
+{
+    static auto* const out = new cDebugStdErr(nullptr);
+    return *out;
+}
+
+void buildSystem() noexcept
+try {
+    system();
+} catch (...) {
+    return; // the entry goes to standard error
+}
+
+cAbstractOut& entryOut()
+{
+    if (systemState() == SystemState::none)
+        buildSystem();
+    auto* const out = systemDebugOutput();
+    return out ? *out : unfilteredStdErr();
+}
+
+} // namespace
+
+cDebugEntry::cDebugEntry(char const* tag, unsigned int line) : mOut(entryOut()), mLock(mOut.mutex())
+{
+    mOut.debugMessage(tag, line);
+}
+
+cDebugEntry::~cDebugEntry()
+{
+    try {
+        mOut << "\n" << cAbstractOut::clearDebugMessage();
+    } catch (...) {
+        return; // a diagnostic must not become a failure
+    }
+}
+
+} // namespace npi

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "nel_core/rmi/cAbstractSignal.h"
+#include "nel_core/rmi/cAbstractSlotCall.h"
+
+namespace nrmi {
+
+/// What local signals share: they own their slot calls in calling order and survive whatever a slot does.
+///
+/// A slot may connect and disconnect calls of the running signal, emit it again, and delete the signal, its
+/// own object or any other: a call is made at most once by an emission; one that is appended meanwhile is
+/// made, one that is prepended or removed is not; a nested emission leaves nothing to do for the outer ones;
+/// and when the signal dies its emissions end. An idle signal holds no memory, and an emission takes none.
+class NEL_EXPORT cAbstractLocalSignal : public cAbstractSignal {
+public:
+    /// Deletes the slot calls. Within an emission of the signal that is most likely a mistake: it writes a
+    /// warning with a stack trace to the debug output.
+    ~cAbstractLocalSignal() override;
+
+    void notifyConnectableDestroyed(cConnectable& object) override;
+    /// Slots cannot be connected by name here: raises always.
+    void connect(cConnectable& object, nstd::cAsciiString const& slotName, SlotResolving resolving) override;
+    void disconnect(cConnectable const& object) override;
+
+    /// Whether any slot is connected.
+    bool isConnected() const noexcept { return mpFirst != nullptr; }
+
+protected:
+    /// A running emission and its place in the slot calls. Lives on the stack, linked to the emission around
+    /// it, so that the signal can move the place when calls go, and can tell that it is gone itself.
+    class cEmission {
+    public:
+        // The compiler cannot see that the destructor takes the address back wherever the signal still lives.
+#if __GNUC__ >= 12
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"
+#endif
+        explicit cEmission(cAbstractLocalSignal& signal) noexcept
+            : mpSignal(&signal),
+              mpOuter(signal.mpEmission),
+              mpNext(signal.mpFirst)
+        {
+            signal.mpEmission = this;
+        }
+#if __GNUC__ >= 12
+#pragma GCC diagnostic pop
+#endif
+        cEmission(cEmission const&) = delete;
+        cEmission& operator=(cEmission const&) = delete;
+        ~cEmission()
+        {
+            if (mpSignal)
+                mpSignal->mpEmission = mpOuter;
+        }
+
+        /// Steps over the next call and returns it; null when there is none, or no signal any more.
+        cAbstractSlotCall* takeNext() noexcept
+        {
+            auto* const call = mpNext;
+            if (call) {
+                mpNext = call->mpNext;
+                if (mpOuter)
+                    stepOver(mpOuter, *call);
+            }
+            return call;
+        }
+
+    private:
+        friend class cAbstractLocalSignal;
+
+        cAbstractLocalSignal* mpSignal; ///< null once the signal is gone
+        cEmission* mpOuter;
+        cAbstractSlotCall* mpNext; ///< null at the end
+    };
+
+    cAbstractLocalSignal() = default;
+
+    /// Places a connected slot call and takes it over.
+    void place(cAbstractSlotCall& call, ConnectionPolicy policy) noexcept;
+    /// Raises when the emission of an unconnected signal is an error.
+    void checkUnconnected() const;
+
+private:
+    void checkNIC() const noexcept;
+    void append(cAbstractSlotCall& call) noexcept;
+    void prepend(cAbstractSlotCall& call) noexcept;
+    cAbstractSlotCall* takeCallsOf(cConnectable const& object);
+    static void stepOver(cEmission* emission, cAbstractSlotCall const& call) noexcept;
+    static void destroy(cAbstractSlotCall* calls) noexcept;
+
+    cAbstractSlotCall* mpFirst = nullptr; ///< owned, linked in calling order
+    cAbstractSlotCall* mpLast = nullptr;
+    cEmission* mpEmission = nullptr; ///< the innermost running one
+};
+
+} // namespace nrmi

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "nel_core/export.h"
+#include "nel_core/rmi/fwd.h"
+#include "nel_core/std/fwd.h"
+
+namespace nrmi {
+
+/// What every signal is to connectables, whatever its arguments.
+class NEL_EXPORT cAbstractSignal {
+public:
+    /// What an emission does when no slot is connected.
+    enum InvocationBehavior : unsigned int {
+        ibThrowUnconnected = 0, ///< raises nrmi::cUnconnectedSignalException
+        ibIgnoreUnconnected = 1 ///< nothing
+    };
+    /// Where a new slot call goes.
+    enum ConnectionPolicy : unsigned int {
+        cpPrepend = 0, ///< before all others
+        cpAppend = 1   ///< after all others
+    };
+    /// When a slot that is connected by its name is looked up.
+    enum SlotResolving : unsigned int {
+        srLazy = 0,   ///< on every emission
+        srResolve = 1 ///< once, when connecting
+    };
+
+    /// An unconnected emission raises.
+    cAbstractSignal() = default;
+    cAbstractSignal(cAbstractSignal const&) = delete;
+    cAbstractSignal& operator=(cAbstractSignal const&) = delete;
+    virtual ~cAbstractSignal();
+
+    /// Exchanges the invocation behaviours and nothing else.
+    void swap(cAbstractSignal& other) noexcept;
+
+    InvocationBehavior invocationBehavior() const noexcept { return meInvocationBehavior; }
+    void setInvocationBehavior(InvocationBehavior behavior) noexcept { meInvocationBehavior = behavior; }
+
+    /// A dying connectable asks the signal to drop all calls of it.
+    virtual void notifyConnectableDestroyed(cConnectable& object) = 0;
+    /// Connects the slot of `object` that has the given name.
+    virtual void connect(cConnectable& object, nstd::cAsciiString const& slotName,
+                         SlotResolving resolving) = 0;
+    /// Removes and deletes every slot call of the object; the others keep their order.
+    virtual void disconnect(cConnectable const& object) = 0;
+    /// The types of the arguments as text; empty unless a signal tells them.
+    virtual nstd::cAsciiString parametersTypeString() const;
+    /// The return type as text; empty unless a signal tells it.
+    virtual nstd::cAsciiString returnTypeString() const;
+
+private:
+    InvocationBehavior meInvocationBehavior = ibThrowUnconnected;
+};
+
+} // namespace nrmi

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "nel_core/std/cRuntimeException.h"
+#include "nel_core/std/tExceptionLeaf.h"
+
+namespace nrmi {
+
+/// An interface has no slot of that name that takes such arguments.
+class NEL_EXPORT cNoSuchSlotException
+    : public nstd::tExceptionLeaf<cNoSuchSlotException, nstd::cRuntimeException> {
+public:
+    /// `slotArgs` carries its own parentheses, as in "(?)".
+    cNoSuchSlotException(nstd::cAsciiString const& slotName, nstd::cAsciiString const& slotArgs);
+    cNoSuchSlotException(cNoSuchSlotException const&) = default;
+    cNoSuchSlotException(cNoSuchSlotException&&) = default;
+    ~cNoSuchSlotException() override;
+    cNoSuchSlotException& operator=(cNoSuchSlotException other) noexcept;
+    void swap(cNoSuchSlotException& other) noexcept;
+
+    /// The name that was looked for.
+    nstd::cAsciiString const& slotName() const { return msSlotName; }
+    /// The argument types of the call, in parentheses.
+    nstd::cAsciiString const& slotArgs() const { return msSlotArgs; }
+
+private:
+    nstd::cAsciiString msSlotName;
+    nstd::cAsciiString msSlotArgs;
+};
+
+} // namespace nrmi

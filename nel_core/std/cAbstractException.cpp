@@ -1,0 +1,269 @@
+#include "nel_core/std/cAbstractException.h"
+
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include "nel_core/pi/breakPoint.h"
+#include "nel_core/pi/cDebugEntry.h"
+#include "nel_core/pi/cPlatform.h"
+#include "nel_core/pi/piStackTrace.h"
+#include "nel_core/std/cAsciiString.h"
+#include "nel_core/std/piAssert.h"
+#include "nel_core/std/raise.h"
+#include "nel_core/ucs/cLIMessage.h"
+#include "nel_core/ucs/cString.h"
+
+namespace nstd {
+namespace {
+
+// The exception that is being copied without its history: its createObject() knows nothing of that wish, only
+// the copy constructor at its end does. Set aside in static storage, because memory may be what is missing.
+__attribute__((tls_model("initial-exec"))) thread_local cAbstractException const* tpCopiedAlone = nullptr;
+
+class cCopyAlone {
+public:
+    explicit cCopyAlone(cAbstractException const& source) noexcept
+        : mpOuter(std::exchange(tpCopiedAlone, &source))
+    {
+    }
+    ~cCopyAlone() { tpCopiedAlone = mpOuter; }
+    cCopyAlone(cCopyAlone const&) = delete;
+    cCopyAlone& operator=(cCopyAlone const&) = delete;
+
+private:
+    cAbstractException const* mpOuter;
+};
+
+void copyText(char* target, char const* text, std::size_t max)
+{
+    std::memcpy(target, text, ::strnlen(text, max));
+}
+
+void obeyEnvironment(char const* tag, unsigned int line)
+{
+    char const* const wish = npi::cPlatform::tryGetEnv("NE");
+    if (!wish)
+        return;
+    if (std::strcmp(wish, "dump") == 0)
+        writeStackTrace(tag, line);
+    else if (std::strcmp(wish, "break") == 0)
+        npi::breakPoint();
+}
+
+} // namespace
+
+cAbstractException::cAbstractException(char const* kindWord, Type type, char const* file, unsigned int line)
+    : miSourceLine(line),
+      meType(type)
+{
+    if (file)
+        copyText(msSourceFile, file, kSourceFileMax);
+    copyText(msKind, kindWord, sizeof(msKind) - 1);
+    piBackTrace(maBacktrace, kTraceSize);
+    obeyEnvironment(NEL_SOURCE_TAG, __LINE__);
+}
+
+cAbstractException::cAbstractException(cAbstractException const& other)
+{
+    copyOwnFields(other);
+    if (&other != tpCopiedAlone)
+        mpHistory = other.getHistory(mbOutOfMemory);
+}
+
+cAbstractException::cAbstractException(cAbstractException&& other) noexcept
+{
+    copyOwnFields(other);
+    mpHistory = std::exchange(other.mpHistory, nullptr);
+}
+
+cAbstractException::~cAbstractException()
+{
+    deleteChain(mpHistory);
+}
+
+cAbstractException& cAbstractException::operator=(cAbstractException const& other)
+{
+    bool outOfMemory = other.mbOutOfMemory;
+    auto* const history = other.getHistory(outOfMemory);
+    copyOwnFields(other);
+    mbOutOfMemory = outOfMemory;
+    deleteChain(std::exchange(mpHistory, history)); // last: `other` may be a part of it
+    return *this;
+}
+
+void cAbstractException::swap(cAbstractException& other) noexcept
+{
+    std::swap(msSourceFile, other.msSourceFile);
+    std::swap(miSourceLine, other.miSourceLine);
+    std::swap(msKind, other.msKind);
+    std::swap(meType, other.meType);
+    std::swap(mpHistory, other.mpHistory);
+    std::swap(mbOutOfMemory, other.mbOutOfMemory);
+    std::swap(maBacktrace, other.maBacktrace);
+}
+
+nucs::cLIMessage const* cAbstractException::liMessage() const
+{
+    return nullptr;
+}
+
+void cAbstractException::dialog() const { }
+
+void cAbstractException::dump() const
+{
+    for (auto* exception = this; exception; exception = exception->mpHistory)
+        exception->dumpLine();
+}
+
+bool cAbstractException::outOfMemoryCondition() const
+{
+    return mbOutOfMemory;
+}
+
+void cAbstractException::link(cAbstractException* exception)
+{
+    if (exception && !isInChain(*exception) && !exception->isInChain(*this))
+        last().mpHistory = exception;
+}
+
+void cAbstractException::link(cAbstractException const& exception)
+{
+    if (isInChain(exception))
+        return;
+    try {
+        last().mpHistory = exception.createObject();
+    } catch (std::bad_alloc const&) {
+        last().mbOutOfMemory = true;
+    }
+}
+
+cAbstractException* cAbstractException::getHistory(bool& outOfMemory) const
+{
+    cAbstractException* first = nullptr;
+    cAbstractException** end = &first;
+    bool* lost = &outOfMemory; // of the exception whose history *end is
+    for (auto const* source = mpHistory; source; source = source->mpHistory) {
+        auto* const copy = copyAlone(*source, *lost);
+        *end = copy;
+        if (!copy || copy->mpHistory) // a class may bring its history along by itself
+            break;
+        end = &copy->mpHistory;
+        lost = &copy->mbOutOfMemory;
+    }
+    return first;
+}
+
+bool cAbstractException::hasOutOfMemoryCondition() const
+{
+    auto const* exception = this;
+    while (exception && !exception->outOfMemoryCondition())
+        exception = exception->mpHistory;
+    return exception != nullptr;
+}
+
+cAbstractException const* cAbstractException::has(cAsciiString const& name) const
+{
+    auto const* exception = this;
+    while (exception && exception->typeName() != name)
+        exception = exception->mpHistory;
+    return exception;
+}
+
+void cAbstractException::createMessage(nucs::cString& out, nucs::cString const& separator, unsigned int flags,
+                                       nucs::cLILocale const* locale) const
+{
+    nucs::cString text;
+    nucs::cString indentation;
+    createMessage(*this, text, flags, locale);
+    for (auto const* cause = flags & mfHistory ? mpHistory : nullptr; cause; cause = cause->mpHistory) {
+        text += separator;
+        if (flags & mfIndent) {
+            indentation.appendC(" ");
+            text += indentation;
+        }
+        createMessage(*cause, text, flags, locale);
+    }
+    out = std::move(text);
+}
+
+void cAbstractException::createMessage(cAbstractException const& exception, nucs::cString& out, unsigned int,
+                                       nucs::cLILocale const*)
+{
+    auto const* const message = exception.liMessage();
+    if (!message) {
+        out.appendC(exception.what());
+        return;
+    }
+    nucs::cString text;
+    message->untranslated(text);
+    out += text;
+}
+
+// Not by recursion through the destructors: a chain may be longer than the stack is deep.
+void cAbstractException::deleteChain(cAbstractException* first)
+{
+    while (first) {
+        auto* const next = std::exchange(first->mpHistory, nullptr);
+        delete first;
+        first = next;
+    }
+}
+
+cAbstractException* cAbstractException::copyAlone(cAbstractException const& source,
+                                                  bool& outOfMemory) noexcept
+{
+    cCopyAlone const scope(source);
+    try {
+        return source.createObject();
+    } catch (std::bad_alloc const&) {
+        outOfMemory = true;
+    } catch (...) {
+        return nullptr; // losing a cause must not lose the failure
+    }
+    return nullptr;
+}
+
+void cAbstractException::copyOwnFields(cAbstractException const& other) noexcept
+{
+    std::memcpy(msSourceFile, other.msSourceFile, sizeof(msSourceFile));
+    miSourceLine = other.miSourceLine;
+    std::memcpy(msKind, other.msKind, sizeof(msKind));
+    meType = other.meType;
+    mbOutOfMemory = other.mbOutOfMemory;
+    std::memcpy(maBacktrace, other.maBacktrace, sizeof(maBacktrace));
+}
+
+cAbstractException& cAbstractException::last()
+{
+    auto* exception = this;
+    while (exception->mpHistory)
+        exception = exception->mpHistory;
+    return *exception;
+}
+
+bool cAbstractException::isInChain(cAbstractException const& exception) const
+{
+    auto const* member = this;
+    while (member && member != &exception)
+        member = member->mpHistory;
+    return member != nullptr;
+}
+
+void cAbstractException::dumpLine() const
+{
+    cAsciiString text(what());
+    if (auto const* const message = liMessage())
+        message->untranslated(text);
+    else if (text.length() == 0)
+        text = " --- no message ---";
+
+    cAsciiString line("[");
+    line += typeName();
+    line += meType == tyBug ? " (bug)" : " (runtime)";
+    line += "]: ";
+    line += text;
+    npi::cDebugEntry(NEL_SOURCE_TAG, __LINE__) << line;
+}
+
+} // namespace nstd

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "nel_core/std/cDate.h"
+#include "nel_core/std/cTime.h"
+
+namespace nstd {
+
+/// A point in time, with its date and time of day in UTC and in local time.
+class NEL_EXPORT cDateTime {
+public:
+    /// What happens to the time that a constructor is given.
+    enum ZoneInfo : unsigned int {
+        ziNone = 0,   ///< it is taken as it is
+        ziCorrect = 1 ///< the zone offset is subtracted from it
+    };
+
+    /// Now.
+    cDateTime() = default;
+    explicit cDateTime(cTime const& time, ZoneInfo zone = ziNone);
+    /// The time of the day `date`. Days before 1970 give counts modulo 2^64.
+    cDateTime(cTime const& timeOfDay, cDate const& date, ZoneInfo zone = ziNone);
+
+    void swap(cDateTime& other) noexcept;
+
+    /// The time that is held, which the other accessors read as UTC.
+    cTime const& internTime() const noexcept { return mTime; }
+    cTime utcTime() const noexcept { return mTime; }
+    cDate utcDate() const { return cDate(mTime); }
+    /// UTC minus the zone offset, modulo 2^64.
+    cTime localTime() const;
+    cDate localDate() const { return cDate(localTime()); }
+
+    /// The format with every "HH", "MM" and "SS" replaced by the hour, the minutes and the seconds, then "dd"
+    /// and "mm" by the day and the month (all of two digits), "yyyy" by the year (four digits), "dn" and "mn"
+    /// by the names of the day and of the month; all in UTC. Each replacement goes over the text that the
+    /// previous ones have left.
+    cAsciiString formatString(cAsciiString const& format) const;
+    static cAsciiString formatString(cTime const& time, cAsciiString const& format);
+
+    bool operator==(cDateTime const& other) const noexcept { return mTime == other.mTime; }
+    bool operator!=(cDateTime const& other) const noexcept { return mTime != other.mTime; }
+    bool operator<(cDateTime const& other) const noexcept { return mTime < other.mTime; }
+    bool operator>(cDateTime const& other) const noexcept { return mTime > other.mTime; }
+
+private:
+    cTime mTime;
+};
+
+} // namespace nstd

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "nel_core/std/fwd.h"
+#include "nel_core/ucs/cLIMessage.h"
+
+/// The common work of the throw functions.
+namespace nstd {
+
+/// A message with its values, bound in their order.
+template<typename... Values>
+nucs::cLIMessage makeMessage(char const* key, Values const&... values)
+{
+    nucs::cLIMessage message;
+    message << key;
+    static_cast<void>((message << ... << values));
+    return message;
+}
+
+/// The text, or "unknown" for null.
+constexpr char const* orUnknown(char const* text)
+{
+    return text ? text : "unknown";
+}
+
+/// Raises a cBugException without a source position.
+[[noreturn]] void raiseBug(nucs::cLIMessage message);
+/// Raises a cRuntimeException without a source position.
+[[noreturn]] void raiseRuntime(nucs::cLIMessage message);
+/// The same with a copy of `cause` linked.
+[[noreturn]] void raiseRuntime(nucs::cLIMessage message, cAbstractException const& cause);
+
+/// Writes the calling thread's stack trace as one entry of the debug output. A trace that cannot be made or
+/// written is left out: the failure that it belongs to counts more.
+void writeStackTrace(char const* tag, unsigned int line) noexcept;
+
+} // namespace nstd

@@ -1,0 +1,47 @@
+#include "nel_core/std/cBuildInfo.h"
+
+#include <gtest/gtest.h>
+
+#include "nel_core/pi/cPlatform.h"
+#include "tests/support/raisedBy.h"
+
+namespace {
+
+using nstd::cBuildInfo;
+
+std::string all(cBuildInfo const& info)
+{
+    return ntest::text(info.buildSystem()) + '|' + ntest::text(info.compiler()) + '|'
+           + ntest::text(info.compilerVersion()) + '|' + ntest::text(info.buildHost()) + '|'
+           + ntest::text(info.buildDate()) + '|' + std::to_string(info.buildCount());
+}
+
+TEST(cBuildInfoTest, itKeepsAndSwapsAllThatItWasGiven)
+{
+    cBuildInfo info("system", "compiler", "version", "host", "date", 0xFFFFFFFFU);
+    cBuildInfo unknown;
+    EXPECT_EQ(all(info), "system|compiler|version|host|date|4294967295");
+    EXPECT_EQ(all(unknown), "unknown|unknown|unknown|unknown|unknown|0");
+    EXPECT_EQ(all(cBuildInfo(nullptr, "c", nullptr, nullptr, nullptr, 1)), "|c||||1");
+
+    cBuildInfo copy(info);
+    info.swap(unknown);
+    EXPECT_EQ(all(info), "unknown|unknown|unknown|unknown|unknown|0");
+    EXPECT_EQ(all(unknown), "system|compiler|version|host|date|4294967295");
+    info = copy;
+    copy = copy;
+    EXPECT_EQ(all(info), all(unknown));
+    EXPECT_EQ(all(copy), all(unknown));
+}
+
+TEST(cBuildInfoTest, thePlatformKnowsHowTheLibraryWasBuilt)
+{
+    npi::cPlatform const platform;
+    cBuildInfo const& info = platform.buildInfo();
+    EXPECT_GT(info.buildSystem().length(), 0u);
+    EXPECT_GT(info.compiler().length(), 0u);
+    EXPECT_GT(info.compilerVersion().length(), 0u);
+    EXPECT_FALSE(info.compiler() == "unknown");
+}
+
+} // namespace

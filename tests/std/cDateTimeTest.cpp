@@ -1,0 +1,100 @@
+#include "nel_core/std/cDateTime.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "nel_core/std/cAsciiString.h"
+#include "tests/support/raisedBy.h"
+
+namespace {
+
+using nstd::cDate;
+using nstd::cDateTime;
+using nstd::cTime;
+
+constexpr unsigned long long kDay = 86400000000;
+
+// Another time zone for a scope. POSIX signs: "XXX5" lies five hours west of Greenwich.
+class cZone {
+public:
+    explicit cZone(char const* zone) : msOld(std::getenv("TZ") ? std::getenv("TZ") : "UTC") { set(zone); }
+    ~cZone() { set(msOld.c_str()); }
+
+private:
+    static void set(char const* zone)
+    {
+        ::setenv("TZ", zone, 1);
+        ::tzset();
+    }
+
+    std::string const msOld;
+};
+
+struct cFormat {
+    char const* format;
+    char const* text;
+};
+
+// 2001-02-03 04:05:06.789 UTC, a Saturday.
+cFormat const kFormats[] = {
+    {"dd.mm.yyyy HH:MM:SS", "03.02.2001 04:05:06"},
+    {"dn, dd mn yyyy", "Sat, 03 Feb 2001"},
+    {"HHH MMM SSSS yyyyy d H", "04H 05M 0606 2001y d H"},
+    {"", ""},
+    {"%s %n \\ none", "%s %n \\ none"},
+};
+
+TEST(cDateTimeTest, formats)
+{
+    cDateTime const time(cTime(4u, 5u, 6u, 789000u), cDate(3, 2, 2001));
+    for (auto const& row : kFormats) {
+        EXPECT_EQ(ntest::text(time.formatString(row.format)), row.text);
+        EXPECT_EQ(ntest::text(cDateTime::formatString(time.utcTime(), row.format)), row.text);
+    }
+}
+
+TEST(cDateTimeTest, formatsOutsideOfTheUsualYears)
+{
+    char const* const format = "yyyy-mm-dd HH:MM:SS";
+    auto const textOf = [&](cDate const& date, cTime const& time) {
+        return ntest::text(cDateTime(time, date).formatString(format));
+    };
+    EXPECT_EQ(textOf(cDate(31, 12, 1969), cTime(23u, 59u, 58u, 0u)), "1969-12-31 23:59:58");
+    EXPECT_EQ(textOf(cDate(1, 1, 1), cTime(0)), "0001-01-01 00:00:00");
+    EXPECT_EQ(textOf(cDate(1, 1, 12345), cTime(0)), "12345-01-01 00:00:00");
+}
+
+TEST(cDateTimeTest, localTimeIsModular)
+{
+    cDateTime const noon(cTime(12u, 0u, 0u, 0u), cDate(1, 1, 2000));
+    {
+        cZone const west("XXX13");
+        EXPECT_EQ(noon.localTime(), cTime(noon.utcTime().get() - 13 * 3600000000ULL));
+        EXPECT_EQ(noon.localDate(), cDate(31, 12, 1999));
+        EXPECT_EQ(cDateTime(cTime(0)).localDate(), cDate(31, 12, 1969));
+        EXPECT_EQ(cDateTime(cTime(kDay), cDateTime::ziCorrect).utcTime(), cTime(11 * 3600000000ULL));
+    }
+    {
+        cZone const east("XXX-12:30");
+        EXPECT_EQ(noon.localTime(), cTime(noon.utcTime().get() + 45000000000ULL));
+        EXPECT_EQ(noon.localDate(), cDate(2, 1, 2000));
+        EXPECT_EQ(noon.utcDate(), cDate(1, 1, 2000));
+        cDateTime const corrected(cTime(0), cDate(2, 1, 1970), cDateTime::ziCorrect);
+        EXPECT_EQ(corrected.internTime(), cTime(kDay + 45000000000ULL));
+    }
+}
+
+TEST(cDateTimeTest, comparesAndSwaps)
+{
+    cDateTime early(cTime(1)), late(cTime(2));
+    EXPECT_TRUE(early < late && late > early && early != late);
+    early.swap(late);
+    EXPECT_EQ(early, cDateTime(cTime(2)));
+    EXPECT_EQ(late.utcTime(), cTime(1));
+    EXPECT_LT(cDateTime().utcTime().diff(), cTime(60u, 0u));
+}
+
+} // namespace

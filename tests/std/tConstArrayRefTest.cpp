@@ -1,0 +1,251 @@
+#include "nel_core/std/tConstArrayRef.h"
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "nel_core/std/cBugException.h"
+#include "nel_core/std/cOutOfBoundsException.h"
+#include "nel_core/std/cOutOfRangeException.h"
+#include "nel_core/std/tArray.h"
+#include "tests/support/raisedBy.h"
+
+using cBytes = nstd::tArray<char>;
+using cView = nstd::tConstArrayRef<char>;
+using cTextView = nstd::tConstArrayRef<char, nstd::tArrayAsciiStringTraits<char>>;
+
+namespace {
+
+char const* const kNoText = nullptr;
+
+// Holds a text in blocks (or, with 0, as a whole): a request for a block ends the validity of the one before.
+class cBlocks : public nstd::tAbstractConstArrayProxy<char> {
+public:
+    cBlocks(std::string text, unsigned int blockSize) : msText(std::move(text)), miBlockSize(blockSize) { }
+
+    char const& proxyAt(unsigned int i) const override { return msText.at(i); }
+    unsigned int proxyLength() const override { return static_cast<unsigned int>(msText.size()); }
+    void proxyCopyPartTo(char* target, unsigned int start, unsigned int count) const override
+    {
+        std::string const part = request(start, count);
+        std::copy(part.begin(), part.end(), target);
+    }
+    char const* proxyProvideData(unsigned int start, unsigned int count) const override
+    {
+        if (miBlockSize == 0)
+            return msText.data() + start;
+        std::fill(msBlock.begin(), msBlock.end(), '#');
+        msBlock = request(start, count);
+        return msBlock.data();
+    }
+    unsigned int proxyPreferredBlockSize() const override { return miBlockSize; }
+    tAbstractConstArrayProxy const& constProxyPhysical(unsigned int& offset) const override
+    {
+        offset = 0;
+        return *this;
+    }
+
+    std::vector<std::string> takeRequests() const { return std::exchange(maRequests, {}); }
+
+private:
+    std::string request(unsigned int start, unsigned int count) const
+    {
+        EXPECT_NE(count, 0u) << "nobody asks for nothing";
+        EXPECT_LE(start + count, msText.size());
+        return maRequests.emplace_back(msText.substr(start, count));
+    }
+
+    std::string msText;
+    unsigned int miBlockSize;
+    mutable std::string msBlock;
+    mutable std::vector<std::string> maRequests;
+};
+
+TEST(tConstArrayRefTest, aViewOfAViewRefersToThePhysicalProxy)
+{
+    cBlocks const blocks("abcdefgh", 3);
+    cView const outer(blocks, 2, 5);
+    cTextView const inner(outer, 1);
+    unsigned int offset = 0;
+    EXPECT_EQ(&inner.constProxyPhysical(offset), &blocks);
+    EXPECT_EQ(offset, 3u);
+    EXPECT_EQ(inner.length(), 4u);
+    EXPECT_EQ(inner.proxyPreferredBlockSize(), 3u);
+    EXPECT_EQ(inner.at(3), 'g');
+    EXPECT_EQ(inner[0], 'd');
+    cTextView const part = inner.cut(1, 3);
+    EXPECT_EQ(part.offset(), 4u);
+    EXPECT_TRUE(part == "ef");
+    EXPECT_TRUE(inner.cut(3, 3).empty());
+}
+
+struct cFailure {
+    char const* name;
+    void (*call)(cView&);
+    char const *container, *operation;
+    int type; // of out-of-range, or -1 for out-of-bounds
+    long long value, max;
+};
+
+// The view is bcde of abcdef.
+cFailure const kFailures[] = {
+    {"at", [](cView& v) { v.at(4); }, "tArrayRef", "at", cSTDExceptions::ortIndex, 4, 3},
+    {"proxyAt", [](cView& v) { v.proxyAt(5); }, "tArrayRef", "at", cSTDExceptions::ortIndex, 5, 3},
+    {"provide", [](cView& v) { v.proxyProvideData(2, 3); }, "tConstArrayRef", "provideData",
+     cSTDExceptions::ortSize, 3, 2},
+    {"copy", [](cView& v) { v.proxyCopyPartTo(nullptr, 5, 0); }, "tConstArrayRef", "copyPartTo",
+     cSTDExceptions::ortIndex, 5, 3},
+    {"cut beyond", [](cView& v) { v.cut(1, 5); }, "tConstArrayRef", "cut", cSTDExceptions::ortEndValue, 5, 4},
+    {"cut at the end", [](cView& v) { v.cut(4, 4); }, "tConstArrayRef", "cut", cSTDExceptions::ortIndex, 4,
+     3},
+    {"cut backwards", [](cView& v) { v.cut(3, 2); }, "tConstArrayRef", "cut", -1, 0, 0},
+    {"find from beyond",
+     [](cView& v) {
+         bool f;
+         v.find('b', f, 5);
+     },
+     "tConstArrayRef", "find", -1, 0, 0},
+    {"find in a range that wraps",
+     [](cView& v) {
+         bool f;
+         v.find('b', f, 1, 0xFFFFFFFFu);
+     },
+     "tConstArrayRef", "find", -1, 0, 0},
+    {"set too far", [](cView& v) { v.set(v, 5); }, "tConstArrayRef", "set", cSTDExceptions::ortSize, 6, 5},
+    {"set too much", [](cView& v) { v.set(v, 1, 4); }, "tConstArrayRef", "set", cSTDExceptions::ortSize, 4,
+     3},
+    {"set from beyond", [](cView& v) { v.set(v, 5, 0); }, "tConstArrayRef", "set", cSTDExceptions::ortIndex,
+     6, 4},
+    {"set where the offset wraps", [](cView& v) { v.set(v, 0xFFFFFFFFu, 0); }, "tConstArrayRef", "set", -1, 0,
+     0},
+};
+
+TEST(tConstArrayRefTest, failuresNameTheLimitAndChangeNothing)
+{
+    for (auto const& row : kFailures) {
+        SCOPED_TRACE(row.name);
+        cBytes const bytes("abcdef");
+        cView view(bytes, 1, 4);
+        auto const call = [&] { row.call(view); };
+        if (row.type < 0) {
+            auto const error = ntest::raisedBy<nstd::cOutOfBoundsException>(call);
+            ASSERT_TRUE(error.has_value());
+            EXPECT_TRUE(error->container() == row.container && error->operation() == row.operation);
+        } else {
+            auto const error = ntest::raisedBy<nstd::cOutOfRangeException>(call);
+            ASSERT_TRUE(error.has_value());
+            EXPECT_TRUE(error->container() == row.container && error->operation() == row.operation);
+            EXPECT_EQ(static_cast<int>(error->rangeType()), row.type);
+            EXPECT_EQ(error->value(), row.value);
+            EXPECT_EQ(error->max(), row.max);
+        }
+        EXPECT_TRUE(view == "bcde");
+    }
+}
+
+TEST(tConstArrayRefTest, anUnsetViewHasNothing)
+{
+    cBytes const bytes("abc");
+    cView view(bytes);
+    view.clear();
+    bool found = true;
+    EXPECT_EQ(view.find('a', found, 7), 0u);
+    EXPECT_FALSE(found || view.contains("a") || view.isEqual("a", 1) || view.isEqual(kNoText, 0));
+    EXPECT_TRUE(view.isEqual("", 0) && view.beginsWith("", 0) && !view.endsWith("", 0));
+    EXPECT_TRUE(view == cView() && view < cView(bytes) && view < bytes && view.relation(kNoText, 0) == 0);
+    EXPECT_TRUE(cView(cBytes()) > view && cView(bytes).relation(kNoText, 0) == 1);
+    struct {
+        char const* expression;
+        void (*call)();
+    } const assertions[] = {
+        {"mpData != 0", [] { cView()[0]; }},
+        {"mpData != 0", [] { cView().cut(0, 0); }},
+        {"mpData != 0", [] { cView().proxyProvideData(0, 0); }},
+        {"mpData != 0", [] { cView const copy = cTextView(cView()); }},
+        {"(p)", [] { EXPECT_FALSE(cView() == kNoText); }},
+    };
+    for (auto const& row : assertions) {
+        auto const error = ntest::raisedBy<nstd::cBugException>(row.call);
+        ASSERT_TRUE(error.has_value());
+        auto const message = ntest::messageOf(*error);
+        EXPECT_NE(message.find(row.expression), std::string::npos) << message;
+        EXPECT_NE(message.find("nel_core/std/tConstArrayRef"), std::string::npos) << message;
+    }
+}
+
+TEST(tConstArrayRefTest, findsAcrossTheBordersOfBlocks)
+{
+    cBlocks const blocks("abcdef", 3);
+    cView view(blocks);
+    bool found = false;
+    EXPECT_EQ(view.find("cd", found), 2u);
+    EXPECT_TRUE(found);
+    EXPECT_EQ(blocks.takeRequests(), (std::vector<std::string>{"abc", "cde"}));
+    EXPECT_EQ(view.find("cd", found, 3), 0u);
+    EXPECT_FALSE(found);
+    EXPECT_EQ(view.find("", found, 3), 0u);
+    EXPECT_EQ(view.find("e", found, 6), 0u);
+    EXPECT_FALSE(found);
+    view.setOpBlockSize(0);
+    EXPECT_EQ(view.find("cd", found, 3), 3u);
+    EXPECT_FALSE(found);
+}
+
+TEST(tConstArrayRefTest, findsWhatAStringFindsForEveryBlockSize)
+{
+    std::mt19937 random(7);
+    auto const word = [&](unsigned int most) {
+        std::string text(random() % (most + 1), 'a');
+        for (char& c : text)
+            c = static_cast<char>('a' + random() % 2);
+        return text;
+    };
+    for (unsigned int round = 0; round < 4000; ++round) {
+        std::string const text = word(12), pattern = word(4);
+        auto const length = static_cast<unsigned int>(pattern.size());
+        cBlocks const blocks(text, round % 6);
+        cView const view(blocks);
+        auto const start = static_cast<unsigned int>(random() % (text.size() + 1));
+        auto const count = static_cast<unsigned int>(random() % (text.size() - start + 1));
+        std::size_t const expected =
+            pattern.empty() ? std::string::npos
+                            : text.substr(start, count == 0 ? std::string::npos : count).find(pattern);
+        bool found = false;
+        unsigned int const index = view.find(pattern.data(), length, found, start, count);
+        ASSERT_EQ(found, expected != std::string::npos) << text << ' ' << pattern << ' ' << round;
+        if (found) {
+            ASSERT_EQ(index, start + expected) << text << ' ' << pattern << ' ' << round;
+        }
+    }
+}
+
+TEST(tConstArrayRefTest, comparesPieceByPieceByUnsignedBytes)
+{
+    // Each text is less than all that follow; zero bytes count like any other.
+    std::string const texts[] = {
+        "", "a", std::string("a\0b", 3), std::string("a\0c", 3), "abcdefg", "abcdefgh", "abd", "\x80"};
+    for (unsigned int blockSize = 0; blockSize < 5; ++blockSize)
+        for (auto const& left : texts)
+            for (auto const& right : texts) {
+                int const order = &left < &right ? -1 : &left > &right;
+                SCOPED_TRACE(left + " and " + right);
+                cBlocks const blocks(left + right, blockSize); // both sides are parts of one proxy
+                auto const half = static_cast<unsigned int>(left.size());
+                cView const view(blocks, 0, half), other(blocks, half);
+                EXPECT_EQ(view.relation(other), order);
+                EXPECT_EQ(view.relation(right.data(), other.length()), order);
+                EXPECT_EQ(view.relation(cBytes(right.data(), other.length())), order);
+                EXPECT_EQ(view < other, order < 0);
+                EXPECT_EQ(view >= other, order >= 0);
+                EXPECT_EQ(view == cTextView(other), order == 0);
+            }
+    cBlocks const blocks("abcdef", 2);
+    cView const view(blocks, 1);
+    EXPECT_TRUE(view == "bcdef" && view < "bcdeg" && view > "bcde" && view.isEqual("de", 2, 2));
+    EXPECT_TRUE(view.beginsWith("bcd", 3) && view.endsWith("def", 3) && !view.endsWith("", 0));
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+#include "nel_core/std/tParentWatch.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "nel_core/std/cBugException.h"
+#include "tests/support/raisedBy.h"
+
+namespace {
+
+struct cNode {
+    explicit cNode(char name) : mName(name), mWatch(this) { }
+    char mName;
+    nstd::tParentWatch<cNode> mWatch;
+};
+
+std::string childrenOf(cNode const& node)
+{
+    std::string names;
+    for (auto* child : node.mWatch.children())
+        names += child->object()->mName;
+    return names;
+}
+
+TEST(tParentWatchTest, theParentAdoptsTheChildrenAfterItsOwn)
+{
+    cNode root('r'), d('D'), b('B'), c('C');
+    {
+        cNode a('A');
+        d.mWatch.setParent(&root.mWatch);
+        a.mWatch.setParent(&root.mWatch);
+        b.mWatch.setParent(&a.mWatch);
+        c.mWatch.setParent(&a.mWatch);
+        EXPECT_EQ(childrenOf(root), "DA");
+        EXPECT_EQ(childrenOf(a), "BC");
+    }
+    EXPECT_EQ(childrenOf(root), "DBC");
+    EXPECT_EQ(b.mWatch.parent(), &root);
+    EXPECT_EQ(c.mWatch.parent(), &root);
+
+    root.mWatch.unlinkAndReparentChildren();
+    EXPECT_EQ(childrenOf(root), "");
+    EXPECT_EQ(d.mWatch.parent(), nullptr);
+}
+
+TEST(tParentWatchTest, aNodeIsNeverBelowItself)
+{
+    cNode a('a'), b('b'), c('c');
+    b.mWatch.setParent(&a.mWatch);
+    c.mWatch.setParent(&b.mWatch);
+    a.mWatch.setParent(&a.mWatch);
+    a.mWatch.setParent(&c.mWatch);
+    EXPECT_EQ(a.mWatch.parent(), nullptr);
+    EXPECT_EQ(childrenOf(c), "");
+    c.mWatch.setParent(nullptr);
+    a.mWatch.setParent(&c.mWatch);
+    EXPECT_EQ(childrenOf(c), "a");
+    EXPECT_FALSE(b.mWatch.hasChildren());
+}
+
+TEST(tParentWatchTest, aParentWithoutObjectIsABug)
+{
+    nstd::tParentWatch<cNode> parent(nullptr);
+    cNode child('c');
+    child.mWatch.setParent(&parent);
+    auto const error = ntest::raisedBy<nstd::cBugException>([&] { child.mWatch.parent(); });
+    ASSERT_TRUE(error.has_value());
+    std::string const message = ntest::messageOf(*error);
+    EXPECT_NE(message.find("nel_core/std/tParentWatch:"), std::string::npos) << message;
+    EXPECT_NE(message.find("(mpObject != 0)"), std::string::npos) << message;
+}
+
+// Against a model: the parent's index of each node, and each node's children in order.
+TEST(tParentWatchTest, randomMovesKeepTheTreeWhole)
+{
+    constexpr int kNodes = 8;
+    std::mt19937 random(20);
+    std::vector<std::unique_ptr<cNode>> nodes(kNodes);
+    std::string children[kNodes];
+    int parents[kNodes];
+    auto const leave = [&](int i) {
+        if (parents[i] >= 0)
+            children[parents[i]].erase(children[parents[i]].find(static_cast<char>(i)), 1);
+        parents[i] = -1;
+    };
+    auto const renew = [&](int i) {
+        nodes[static_cast<unsigned>(i)] = std::make_unique<cNode>(static_cast<char>(i));
+        parents[i] = -1;
+        children[i].clear();
+    };
+    for (int i = 0; i < kNodes; ++i)
+        renew(i);
+
+    for (int step = 0; step < 3000; ++step) {
+        int const i = static_cast<int>(random() % kNodes);
+        int const to = static_cast<int>(random() % (kNodes + 1)) - 1;
+        if (random() % 4 == 0) {
+            int const parent = parents[i];
+            leave(i);
+            for (char child : children[i])
+                parents[static_cast<int>(child)] = parent;
+            if (parent >= 0)
+                children[parent] += children[i];
+            renew(i);
+        } else {
+            int above = to;
+            while (above >= 0 && above != i)
+                above = parents[above];
+            nodes[static_cast<unsigned>(i)]->mWatch.setParent(
+                to >= 0 ? &nodes[static_cast<unsigned>(to)]->mWatch : nullptr);
+            if (above != i) {
+                leave(i);
+                parents[i] = to;
+                if (to >= 0)
+                    children[to] += static_cast<char>(i);
+            }
+        }
+        for (int n = 0; n < kNodes; ++n) {
+            cNode const& node = *nodes[static_cast<unsigned>(n)];
+            cNode const* const parent = node.mWatch.parent();
+            ASSERT_EQ(parent ? parent->mName : -1, parents[n]);
+            ASSERT_EQ(childrenOf(node), children[n]);
+        }
+    }
+}
+
+} // namespace
