@@ -18,22 +18,8 @@ namespace nstd {
 namespace {
 
 // The exception that is being copied without its history: its createObject() knows nothing of that wish, only
-// the copy constructor at its end does. Set aside in static storage, because memory may be what is missing.
+// getHistory() at its end does. Set aside in static storage, because memory may be what is missing.
 __attribute__((tls_model("initial-exec"))) thread_local cAbstractException const* tpCopiedAlone = nullptr;
-
-class cCopyAlone {
-public:
-    explicit cCopyAlone(cAbstractException const& source) noexcept
-        : mpOuter(std::exchange(tpCopiedAlone, &source))
-    {
-    }
-    ~cCopyAlone() { tpCopiedAlone = mpOuter; }
-    cCopyAlone(cCopyAlone const&) = delete;
-    cCopyAlone& operator=(cCopyAlone const&) = delete;
-
-private:
-    cAbstractException const* mpOuter;
-};
 
 void copyText(char* target, char const* text, std::size_t max)
 {
@@ -67,8 +53,7 @@ cAbstractException::cAbstractException(char const* kindWord, Type type, char con
 cAbstractException::cAbstractException(cAbstractException const& other)
 {
     copyOwnFields(other);
-    if (&other != tpCopiedAlone)
-        mpHistory = other.getHistory(mbOutOfMemory);
+    mpHistory = other.getHistory(mbOutOfMemory);
 }
 
 cAbstractException::cAbstractException(cAbstractException&& other) noexcept
@@ -84,6 +69,8 @@ cAbstractException::~cAbstractException()
 
 cAbstractException& cAbstractException::operator=(cAbstractException const& other)
 {
+    if (&other == this)
+        return *this;
     bool outOfMemory = other.mbOutOfMemory;
     auto* const history = other.getHistory(outOfMemory);
     copyOwnFields(other);
@@ -143,10 +130,11 @@ cAbstractException* cAbstractException::getHistory(bool& outOfMemory) const
     cAbstractException* first = nullptr;
     cAbstractException** end = &first;
     bool* lost = &outOfMemory; // of the exception whose history *end is
-    for (auto const* source = mpHistory; source; source = source->mpHistory) {
+    auto const* source = this == tpCopiedAlone ? nullptr : mpHistory;
+    for (; source; source = source->mpHistory) {
         auto* const copy = copyAlone(*source, *lost);
         *end = copy;
-        if (!copy || copy->mpHistory) // a class may bring its history along by itself
+        if (!copy || copy->mpHistory) // a class may bring its history along in its own way
             break;
         end = &copy->mpHistory;
         lost = &copy->mbOutOfMemory;
@@ -213,15 +201,17 @@ void cAbstractException::deleteChain(cAbstractException* first)
 cAbstractException* cAbstractException::copyAlone(cAbstractException const& source,
                                                   bool& outOfMemory) noexcept
 {
-    cCopyAlone const scope(source);
+    auto const* const outer = std::exchange(tpCopiedAlone, &source);
+    cAbstractException* copy = nullptr;
     try {
-        return source.createObject();
+        copy = source.createObject();
     } catch (std::bad_alloc const&) {
         outOfMemory = true;
     } catch (...) {
-        return nullptr; // losing a cause must not lose the failure
+        // losing a cause must not lose the failure
     }
-    return nullptr;
+    tpCopiedAlone = outer;
+    return copy;
 }
 
 void cAbstractException::copyOwnFields(cAbstractException const& other) noexcept

@@ -11,8 +11,8 @@ namespace nstd {
 ///
 /// An exception knows what kind it is, where it was made, the return addresses of its making, and the earlier
 /// failures that led to it: its history, the newest first. It is made by a throw function, thrown by value
-/// and caught by reference. A copy owns a copy of the whole chain; a move takes the chain and allocates
-/// nothing. Chains of any length are copied and destroyed without recursion.
+/// and caught by reference. A copy owns a copy of the whole chain; a move takes the chain over. Chains of any
+/// length are copied and destroyed without recursion.
 ///
 /// Concrete classes derive through tExceptionLeaf. With the environment variable "NE" set to "dump" every new
 /// exception writes a stack trace to the debug output, with "break" it calls npi::breakPoint().
@@ -53,7 +53,8 @@ public:
     void link(cAbstractException const& exception);
     /// A copy of the history, owned by the caller, or null when there is none or its first exception could
     /// not be copied. `outOfMemory` becomes true, and is left alone otherwise, when memory was the reason; a
-    /// copy that breaks off further down has the condition set in its last exception. Raises nothing.
+    /// copy that breaks off further down has the condition set in its last exception. Raises nothing. While
+    /// a chain is copied, a member's createObject() finds its own history missing here: it is copied next.
     [[nodiscard]] cAbstractException* getHistory(bool& outOfMemory) const;
 
     /// Whether this or any exception of its chain has the out-of-memory condition.

@@ -12,6 +12,9 @@ namespace {
 
 constexpr unsigned int kTraceDepth = 128;
 
+// An output that fails while it takes a trace is not asked for the trace of that failure too.
+__attribute__((tls_model("initial-exec"))) thread_local bool tbIsTracing = false;
+
 } // namespace
 
 void raiseBug(nucs::cLIMessage message)
@@ -32,11 +35,16 @@ void raiseRuntime(nucs::cLIMessage message, cAbstractException const& cause)
 }
 
 void writeStackTrace(char const* tag, unsigned int line) noexcept
-try {
-    auto const trace = piStackTrace(kTraceDepth);
-    npi::cDebugEntry(tag, line) << trace;
-} catch (...) {
-    return;
+{
+    if (std::exchange(tbIsTracing, true))
+        return;
+    try {
+        auto const trace = piStackTrace(kTraceDepth);
+        npi::cDebugEntry(tag, line) << trace;
+    } catch (...) {
+        // the failure that the trace belongs to counts more
+    }
+    tbIsTracing = false;
 }
 
 } // namespace nstd

@@ -30,7 +30,7 @@ constexpr char const* orUnknown(char const* text)
 [[noreturn]] void raiseRuntime(nucs::cLIMessage message, cAbstractException const& cause);
 
 /// Writes the calling thread's stack trace as one entry of the debug output. A trace that cannot be made or
-/// written is left out: the failure that it belongs to counts more.
+/// written is left out, and so is one that is asked for while another is written.
 void writeStackTrace(char const* tag, unsigned int line) noexcept;
 
 } // namespace nstd

@@ -32,32 +32,44 @@ nucs::cLIMessage message(char const* key)
     return result;
 }
 
-// Has no message, and its copies fail as wished.
+// Has no message, and copies itself as wished.
 class cBareException : public cAbstractException {
 public:
-    enum Failure { none, memory, other, ownHistory };
+    enum Way { plain, memory, other, ownHistory, byAssignment, failInside };
 
-    explicit cBareException(char const* kindWord = "bare", Failure failure = none)
+    explicit cBareException(char const* kindWord = "bare", Way way = plain)
         : cAbstractException(kindWord, tyRuntime, nullptr, 0),
-          meFailure(failure)
+          meWay(way)
     {
     }
 
     cAbstractException* createObject() const override
     {
-        if (meFailure == memory)
+        if (meWay == memory)
             throw std::bad_alloc();
-        if (meFailure == other)
+        if (meWay == other)
             throw 12;
-        auto* const copy = new cBareException(*this);
-        if (meFailure == ownHistory)
+        if (meWay == failInside)
+            copyFailingChain();
+        auto* const copy = meWay == byAssignment ? new cBareException : new cBareException(*this);
+        if (meWay == byAssignment)
+            *copy = *this;
+        if (meWay == ownHistory)
             copy->link(cRuntimeException(message("own")));
         return copy;
     }
     nstd::cAsciiString typeName() const override { return "cBareException"; }
 
 private:
-    Failure meFailure;
+    static void copyFailingChain()
+    {
+        cRuntimeException error;
+        error.link(new cBareException);
+        error.link(new cBareException("bare", other));
+        EXPECT_STREQ(cRuntimeException(error).history()->what(), "bare");
+    }
+
+    Way meWay;
 };
 
 std::string namesOf(cAbstractException const& first)
@@ -252,30 +264,40 @@ TEST_F(cAbstractExceptionTest, swapExchangesEverything)
     EXPECT_EQ(b.sourceFileLine(), 0u);
 }
 
-TEST_F(cAbstractExceptionTest, aFailingCopyLosesTheRestOfTheHistoryOnly)
+TEST_F(cAbstractExceptionTest, aCopyHasTheHistoryUpToAFailure)
 {
     struct {
         char const* name;
-        std::vector<cBareException::Failure> causes;
+        std::vector<cBareException::Way> causes;
         std::string copied; ///< kind words of the copy
         bool own, any;      ///< out-of-memory conditions
     } const rows[] = {
         {"no history", {}, "A ", false, false},
         {"no memory for the first", {cBareException::memory}, "A ", true, true},
-        {"no memory further down", {cBareException::none, cBareException::memory}, "A bare ", false, true},
+        {"no memory further down", {cBareException::plain, cBareException::memory}, "A bare ", false, true},
         {"another failure", {cBareException::other}, "A ", false, false},
-        {"another failure before", {cBareException::none, cBareException::other}, "A bare ", false, false},
+        {"another failure before", {cBareException::plain, cBareException::other}, "A bare ", false, false},
         {"a class that makes a history",
-         {cBareException::ownHistory, cBareException::none},
+         {cBareException::ownHistory, cBareException::plain},
          "A bare own ",
+         false,
+         false},
+        {"a class that assigns",
+         {cBareException::byAssignment, cBareException::plain},
+         "A bare bare ",
+         false,
+         false},
+        {"a class that copies a failing chain meanwhile",
+         {cBareException::failInside, cBareException::plain},
+         "A bare bare ",
          false,
          false},
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.name);
         cBugException original(message("A"));
-        for (auto const failure : row.causes)
-            original.link(new cBareException("bare", failure));
+        for (auto const way : row.causes)
+            original.link(new cBareException("bare", way));
         cBugException const copy(original);
         EXPECT_EQ(namesOf(copy), row.copied);
         EXPECT_EQ(copy.outOfMemoryCondition(), row.own);
@@ -358,6 +380,21 @@ TEST_F(cAbstractExceptionTest, rangeErrorsAndAssertionsLeaveATrace)
         EXPECT_EQ(entry.text.substr(0, 4), "\r\n\r\n");
         EXPECT_GT(entry.text.size(), 8u);
     }
+}
+
+TEST_F(cAbstractExceptionTest, anOutputThatFailsDoesNotReplaceTheError)
+{
+    class cFullOutput : public cEntryRecorder {
+        void printChar(char) override
+        {
+            cSTDExceptions::throwOutOfRange("cFullOutput", "printChar", cSTDExceptions::ortSize, 1, 0, 0);
+        }
+    } output;
+    cEnvironment const environment("dump");
+    auto const error = ntest::raisedBy<nstd::cOutOfRangeException>(
+        [] { cSTDExceptions::throwOutOfRange("tX", "at", cSTDExceptions::ortIndex, 1, 0, 0); });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->container(), "tX");
 }
 
 TEST_F(cAbstractExceptionTest, theEnvironmentAsksForABreakPoint)
