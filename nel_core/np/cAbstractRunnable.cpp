@@ -5,6 +5,7 @@
 #include "nel_core/pi/cDebugEntry.h"
 #include "nel_core/pi/cPlatform.h"
 #include "nel_core/std/cAbstractException.h"
+#include "nel_core/std/cSTDExceptions.h"
 #include "nel_core/std/piAssert.h"
 
 namespace np {

@@ -6,13 +6,13 @@
 
 namespace np {
 
-cLocker::cLock::cLock(cLocker* locker) : mpLocker(locker), mbLocked(locker != nullptr)
+cLocker::cLock::cLock(cLocker* locker) : mpLocker(locker), mbLocked(true)
 {
     if (mpLocker)
         mpLocker->doLock();
 }
 
-cLocker::cLock::cLock(cLockRef const& ref) : mpLocker(ref.locker), mbLocked(ref.locker != nullptr)
+cLocker::cLock::cLock(cLockRef const& ref) : mpLocker(ref.locker), mbLocked(true)
 {
     if (!mpLocker)
         return;
@@ -24,7 +24,7 @@ cLocker::cLock::cLock(cLockRef const& ref) : mpLocker(ref.locker), mbLocked(ref.
 
 cLocker::cLock::~cLock()
 {
-    if (mbLocked)
+    if (mpLocker && mbLocked)
         mpLocker->doUnlock();
 }
 

@@ -39,7 +39,7 @@ public:
         cLock(cLock const&) = delete;
         cLock& operator=(cLock const&) = delete;
 
-        /// Whether the lock was taken.
+        /// False only when the lock was tried and somebody else holds it.
         [[nodiscard]] bool isLocked() const { return mbLocked; }
 
     private:

@@ -14,6 +14,9 @@ namespace np {
 class NEL_EXPORT cSynchronizable {
 public:
     cSynchronizable();
+    /// The copy has a new mutex, and an assignment changes none.
+    cSynchronizable(cSynchronizable const& other);
+    cSynchronizable& operator=(cSynchronizable const& other) noexcept = default;
     ~cSynchronizable();
 
     /// The mutex, owned by this object; also a const object can be locked.

@@ -6,5 +6,5 @@
 /// inside.
 class NEL_EXPORT cAbstractNELApp {
 public:
-    virtual ~cAbstractNELApp() = default;
+    virtual ~cAbstractNELApp();
 };

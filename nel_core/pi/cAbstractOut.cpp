@@ -98,7 +98,7 @@ cAbstractOut& cAbstractOut::operator<<(char const* text)
     if (mpLinked)
         *mpLinked << text;
     else if (text)
-        printText(text, static_cast<unsigned int>(std::strlen(text)));
+        printText(text, std::strlen(text));
     return *this;
 }
 
@@ -192,9 +192,9 @@ void cAbstractOut::link(cAbstractOut* out)
     mpLinked = out;
 }
 
-void cAbstractOut::printText(char const* text, unsigned int length)
+void cAbstractOut::printText(char const* text, std::size_t length)
 {
-    for (unsigned int i = 0; i < length; ++i) {
+    for (std::size_t i = 0; i < length; ++i) {
         if (text[i] == '\n')
             printChar('\r');
         printChar(text[i]);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "nel_core/export.h"
 #include "nel_core/np/cSynchronizable.h"
 #include "nel_core/std/fwd.h"
@@ -85,7 +87,7 @@ public:
 private:
     template<typename T>
     cAbstractOut& printInteger(T value);
-    void printText(char const* text, unsigned int length);
+    void printText(char const* text, std::size_t length);
     nstd::cNumberConversionFormat& ownFormat();
 
     nstd::tAutoPtr<nstd::cNumberConversionFormat> mpNumberFormat; ///< null: the system's default

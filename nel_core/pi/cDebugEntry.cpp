@@ -14,6 +14,18 @@ cAbstractOut& unfilteredStdErr()
     return *out;
 }
 
+// Makes it when the library is loaded: later the memory for it may be what an entry has to tell about.
+[[maybe_unused]] auto const& gMadeAtLoad = unfilteredStdErr();
+
+// A diagnostic must not become a failure.
+template<typename T>
+void writeIfPossible(cAbstractOut& out, T const& value) noexcept
+try {
+    out << value;
+} catch (...) {
+    return;
+}
+
 void buildSystem() noexcept
 try {
     system();
@@ -38,11 +50,8 @@ cDebugEntry::cDebugEntry(char const* tag, unsigned int line) : mOut(entryOut()),
 
 cDebugEntry::~cDebugEntry()
 {
-    try {
-        mOut << "\n" << cAbstractOut::clearDebugMessage();
-    } catch (...) {
-        return; // a diagnostic must not become a failure
-    }
+    writeIfPossible(mOut, "\n");
+    writeIfPossible(mOut, cAbstractOut::clearDebugMessage());
 }
 
 } // namespace npi

@@ -40,9 +40,6 @@ public:
         return *this;
     }
 
-    /// The output that the entry is written to.
-    cAbstractOut& out() { return mOut; }
-
 private:
     cAbstractOut& mOut;
     np::cLocker::cLock mLock;

@@ -49,9 +49,7 @@ TEST_F(cAbstractOutTest, numberModes)
         {"16 digits", {{1, 255, "00000000000000ff"}, {-1, 1, "0000000000000001"}}},
         {"8 digits stay for base 16", {{2, 255, "000000ff"}, {0, 255, "000000ff"}}},
         {"4 digits", {{3, 255, "00ff"}, {4, 255, "ff"}, {-1, 4095, "fff"}}},
-        {"16 digits once", {{5, 255, "00000000000000ff"}, {-1, 255, "255"}}},
         {"8 digits once", {{6, 255, "000000ff"}, {-1, 255, "255"}}},
-        {"4 digits once", {{7, 255, "00ff"}, {-1, 255, "255"}}},
         {"2 digits once", {{8, 10, "0a"}, {-1, 10, "10"}}},
         {"once drops all that was set before", {{2, 1, "00000001"}, {8, 1, "01"}, {-1, 255, "255"}}},
         {"no digits named after once", {{6, 255, "000000ff"}, {0, 255, "ff"}}},
@@ -118,17 +116,6 @@ TEST_F(cAbstractOutTest, textKeepsEveryCharacterAndLineFeedsBecomeTwo)
     withZero += "b\n";
     out << none << "%s\n\r" << withZero << "";
     EXPECT_EQ(out.take(), std::string("%s\r\n\ra\0b\r\n", 10));
-}
-
-TEST_F(cAbstractOutTest, anEntryHasAPositionUntilItIsCleared)
-{
-    cTextOut out;
-    EXPECT_EQ(&out.debugMessage("file", 7), &out);
-    EXPECT_STREQ(out.debugFileName(), "file");
-    EXPECT_EQ(out.debugFileLine(), 7u);
-    out << cAbstractOut::clearDebugMessage();
-    EXPECT_EQ(out.debugFileName(), nullptr);
-    EXPECT_EQ(out.debugFileLine(), 0u);
 }
 
 TEST_F(cAbstractOutTest, indentationNeverFallsBelowZero)

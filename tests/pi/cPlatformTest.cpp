@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
-#include <unistd.h>
 
 #include "nel_core/pi/cAbstractMutexImpl.h"
 #include "nel_core/pi/cAbstractProcessEvents.h"
@@ -82,23 +79,6 @@ TEST_F(cPlatformTest, theHomeDirectoryIsDecoded)
     cVariable const home("HOME", "/\xFF");
     EXPECT_TRUE(
         ntest::raisedBy<nstd::cRuntimeException>([] { (void)cPlatform::homeDirectory(); }).has_value());
-}
-
-TEST_F(cPlatformTest, theHostAndItsFolders)
-{
-    char name[1025] = {};
-    ASSERT_EQ(gethostname(name, sizeof(name) - 1), 0);
-    EXPECT_TRUE(cPlatform::hostname() == name);
-    EXPECT_EQ(cPlatform::pid(), static_cast<unsigned int>(getpid()));
-    EXPECT_EQ(cPlatform::osSpecificPathDelimiter(), '/');
-    EXPECT_TRUE(cPlatform::osDirectory() == "/");
-    EXPECT_TRUE(cPlatform::applicationsDirectory() == "/usr/local/");
-}
-
-TEST_F(cPlatformTest, errorTextsAreThoseOfTheSystem)
-{
-    for (int const number : {ENOENT, EACCES, 0, -1, 123456})
-        EXPECT_TRUE(cPlatform::osFileIOErrorString(number) == std::strerror(number)) << number;
 }
 
 TEST_F(cPlatformTest, factoriesMakeWorkingObjects)

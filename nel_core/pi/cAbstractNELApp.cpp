@@ -1,0 +1,3 @@
+#include "nel_core/pi/cAbstractNELApp.h"
+
+cAbstractNELApp::~cAbstractNELApp() = default;
