@@ -64,6 +64,7 @@ public:
         if (oldPtr && oldPtr != pointer)
             dispose(oldPtr, oldType);
     }
+    /// The same as reinit().
     void reset(T* pointer, PointerType type) { reinit(pointer, type); }
     /// Gives the pointer away; the handle is empty afterwards and keeps its type.
     [[nodiscard]] T* release() noexcept
@@ -72,6 +73,7 @@ public:
         mpPtr = nullptr;
         return pointer;
     }
+    /// Exchanges pointers and types.
     void swap(tAutoPtr& other) noexcept
     {
         T* const pointer = mpPtr;

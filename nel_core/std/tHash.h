@@ -15,12 +15,11 @@ public:
     using bucketList = tList<tPair<K, V>>;
 
     /// A position in a hash: an element of one of its buckets, or the end.
-    template<typename H>
-    class tHashNode {
+    class cHashNode {
     public:
-        tHashNode() noexcept = default;
-        tHashNode(H& hash, unsigned int bucket) : mpHash(&hash), miBucket(bucket) { enterBucket(); }
-        bool operator==(tHashNode const& other) const noexcept
+        cHashNode() noexcept = default;
+        cHashNode(tHash const& hash, unsigned int bucket) : mpHash(&hash), miBucket(bucket) { enterBucket(); }
+        bool operator==(cHashNode const& other) const noexcept
         {
             return mpHash == other.mpHash && mIt == other.mIt;
         }
@@ -34,13 +33,13 @@ public:
     private:
         void enterBucket();
 
-        H* mpHash = nullptr;
+        tHash const* mpHash = nullptr;
         unsigned int miBucket = 0;
         typename bucketList::const_iterator mIt; ///< without node at the end
     };
 
     /// Walks the buckets in order; forward only.
-    using const_iterator = tConstIterator<tPair<K, V>, tHashNode<tHash const>>;
+    using const_iterator = tConstIterator<tPair<K, V>, cHashNode>;
 
     /// Creates the buckets.
     tHash();
@@ -50,10 +49,12 @@ public:
     /// The value of `key`, null when it is absent.
     V* tryFind(K const& key) { return find(mBuckets[Traits::bucket(key)], key); }
     V const* tryFind(K const& key) const { return find(mBuckets[Traits::bucket(key)], key); }
+    /// Removes all pairs; the buckets stay.
     void clear();
 
     /// The list of bucket `index`; raises out-of-range 0 when there is none.
     bucketList const& bucket(unsigned int index) const { return mBuckets.at(index); }
+    /// The number of keys.
     unsigned int size() const noexcept { return miSize; }
     bool empty() const noexcept { return miSize == 0; }
 
@@ -69,8 +70,7 @@ private:
 };
 
 template<typename K, typename V, typename Traits>
-template<typename H>
-bool tHash<K, V, Traits>::tHashNode<H>::next()
+bool tHash<K, V, Traits>::cHashNode::next()
 {
     if (!mIt.node())
         return false;
@@ -82,8 +82,7 @@ bool tHash<K, V, Traits>::tHashNode<H>::next()
 }
 
 template<typename K, typename V, typename Traits>
-template<typename H>
-void tHash<K, V, Traits>::tHashNode<H>::enterBucket()
+void tHash<K, V, Traits>::cHashNode::enterBucket()
 {
     mIt = typename bucketList::const_iterator();
     while (miBucket < Traits::kBucketCount && mpHash->bucket(miBucket).empty())
@@ -113,9 +112,10 @@ V& tHash<K, V, Traits>::operator[](K const& key)
 template<typename K, typename V, typename Traits>
 void tHash<K, V, Traits>::clear()
 {
-    miSize = 0;
-    for (bucketList& list : mBuckets)
+    for (bucketList& list : mBuckets) {
+        miSize -= list.size(); // before the values go: their destructors may add others
         list.clear();
+    }
 }
 
 template<typename K, typename V, typename Traits>

@@ -73,7 +73,9 @@ public:
     /// Called for every element node just before it is deleted; it is out of the list by then.
     virtual void beforeNodeDestroy(elementNodeType&) const { }
 
+    /// Copies every element, without marks, before the old ones go.
     tList& operator=(tList const& other);
+    /// Exchanges the nodes, the sentinels included; iterators go with them.
     void swap(tList& other) noexcept;
 
     /// Appends a copy of `value` and returns the new element.

@@ -62,6 +62,8 @@ template<typename T>
 class tListElementNodeType final : public tListNodeBaseType<T> {
 public:
     explicit tListElementNodeType(T const& value) : mElement(value) { }
+    /// Out of the list first: the destructor of the element may change it.
+    ~tListElementNodeType() override { this->unlink(); }
 
     tListElementNodeType* isElementNode() noexcept override { return this; }
     T& element() noexcept { return mElement; }

@@ -44,6 +44,7 @@ public:
     /// refers, or when no element is there.
     [[nodiscard]] tAutoPtr<T> take(position const& at);
 
+    /// Sets what happens to the pointees from now on.
     void setGuardMode(GuardMode mode) noexcept { mGuardMode = mode; }
     GuardMode guardMode() const noexcept { return mGuardMode; }
 

@@ -32,6 +32,7 @@ public:
     /// out-of-range 0 when there is none. In any other mode nothing happens and the result is empty.
     [[nodiscard]] tAutoPtr<T> take(unsigned int index);
 
+    /// Sets what happens to the pointees from now on.
     void setGuardMode(GuardMode mode) noexcept { mGuardMode = mode; }
     GuardMode guardMode() const noexcept { return mGuardMode; }
 

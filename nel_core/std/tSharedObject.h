@@ -61,6 +61,7 @@ public:
         if (!object || object != get() || !mpData->isOwner())
             tSharedObject(object).swap(*this);
     }
+    /// Exchanges the contents; no count changes.
     void swap(tSharedObject& other) noexcept
     {
         tSharedObjectData* const data = mpData;

@@ -69,7 +69,9 @@ public:
     /// vector by then.
     virtual void notifyElementRemoved(T&) { }
 
+    /// Copies every element before the old ones go, without notification.
     tVector& operator=(tVector const& other);
+    /// Exchanges everything, the growth steps included.
     void swap(tVector& other) noexcept;
 
     /// Element `index`, unchecked.
@@ -133,6 +135,7 @@ public:
     /// The pool: `poolSize()` pointers to cells, null beyond the elements. Valid until the vector changes.
     T** getVector() const noexcept { return mpPool; }
 
+    /// Equal are vectors of the same number of equal elements.
     bool operator==(tVector const& other) const;
     bool operator!=(tVector const& other) const { return !(*this == other); }
 
@@ -359,13 +362,12 @@ void tVector<T>::makeRoom(unsigned int count, char const* operation)
 template<typename T>
 T& tVector<T>::addCopy(unsigned int index, T const& value, char const* operation)
 {
-    if (miCount == miPoolSize)
-        makeRoom(1, operation);
-    T* const cell = new T(value);
+    tAutoPtr<T> cell(new T(value));
+    makeRoom(1, operation);
     moveTailUp(index, 1);
-    mpPool[index] = cell;
+    mpPool[index] = cell.release();
     ++miCount;
-    return *cell;
+    return *mpPool[index];
 }
 
 template<typename T>
@@ -436,12 +438,18 @@ void tVector<T>::removeAll(tVector& removed, bool notify)
     removed.miCount = 0;
 }
 
+// Like removeAll() without a second vector, whose destructor calls this one.
 template<typename T>
 void tVector<T>::freeCells() noexcept
 {
-    for (unsigned int i = 0; i < miCount; ++i)
-        delete mpPool[i];
-    std::free(mpPool);
+    T** const pool = mpPool;
+    unsigned int const count = miCount;
+    mpPool = nullptr;
+    miPoolSize = 0;
+    miCount = 0;
+    for (unsigned int i = 0; i < count; ++i)
+        delete pool[i];
+    std::free(pool);
 }
 
 } // namespace nstd

@@ -65,6 +65,28 @@ TEST(tHashTest, keysOfOneBucketAreToldApart)
         EXPECT_EQ(*copy.tryFind(key(1, 70 + 1024 * i, 0)), static_cast<int>(i));
 }
 
+// Adds a key to its table when it ends.
+struct cAdding {
+    ~cAdding()
+    {
+        if (mpTable)
+            (*mpTable)[nucs::cString("b")];
+    }
+    nstd::tHash<nucs::cString, cAdding>* mpTable = nullptr;
+};
+
+TEST(tHashTest, whatAValueAddsWhenItIsClearedIsCounted)
+{
+    nstd::tHash<nucs::cString, cAdding> table;
+    for (char const* name : {"a", "c"}) // in the buckets before and behind that of "b"
+        table[nucs::cString(name)].mpTable = &table;
+    table.clear();
+    EXPECT_EQ(table.size(), 1u);
+    EXPECT_NE(table.tryFind(nucs::cString("b")), nullptr);
+    table.clear();
+    EXPECT_TRUE(table.empty());
+}
+
 TEST(tHashTest, aWalkVisitsEveryPairOnce)
 {
     cTable table;

@@ -46,21 +46,6 @@ TEST(tParentWatchTest, theParentAdoptsTheChildrenAfterItsOwn)
     EXPECT_EQ(d.mWatch.parent(), nullptr);
 }
 
-TEST(tParentWatchTest, aNodeIsNeverBelowItself)
-{
-    cNode a('a'), b('b'), c('c');
-    b.mWatch.setParent(&a.mWatch);
-    c.mWatch.setParent(&b.mWatch);
-    a.mWatch.setParent(&a.mWatch);
-    a.mWatch.setParent(&c.mWatch);
-    EXPECT_EQ(a.mWatch.parent(), nullptr);
-    EXPECT_EQ(childrenOf(c), "");
-    c.mWatch.setParent(nullptr);
-    a.mWatch.setParent(&c.mWatch);
-    EXPECT_EQ(childrenOf(c), "a");
-    EXPECT_FALSE(b.mWatch.hasChildren());
-}
-
 TEST(tParentWatchTest, aParentWithoutObjectIsABug)
 {
     nstd::tParentWatch<cNode> parent(nullptr);
