@@ -16,7 +16,7 @@ cUTF8StringTokenizer::cUTF8StringTokenizer(tArray<char>&& text) : cUTF8StringTok
 }
 
 cUTF8StringTokenizer::cUTF8StringTokenizer(cAsciiString&& text)
-    : cUTF8StringTokenizer(tArray<char>(text.data(), text.length()))
+    : cUTF8StringTokenizer(tArray<char>(text.c_str(), text.length()))
 {
 }
 

@@ -46,6 +46,7 @@ public:
     tArray(tArray&& other) noexcept(!Traits::kTerminated);
     ~tArray() override = default;
     tArray& operator=(tArray const& other);
+    /// Leaves the other one what we had.
     tArray& operator=(tArray&& other) noexcept
     {
         swap(other);
@@ -408,8 +409,6 @@ template<typename T, typename Traits>
 void tArray<T, Traits>::erase(unsigned int start, unsigned int count)
 {
     unsigned int const end = tBounds::startSize2End(miLength, start, count, "tArray", "erase");
-    if (mpPool == nullptr)
-        return;
     Traits::move(mpPool + start, mpPool + end, miLength - end);
     miLength -= count;
     resizeToFit(miLength);

@@ -13,8 +13,8 @@ namespace nstd {
 /// The memory of an array: a pool from malloc(), the number of elements in use and the rules of growth.
 ///
 /// The pool grows linearly, to a multiple of 2^growStep() elements, with realloc(), which extends in place or
-/// moves pages. Only growing can fail: std::bad_alloc, and nothing has changed. Giving memory back never
-/// fails; at worst the pool stays as it is.
+/// moves pages. Only asking for more elements than there is room for can fail: std::bad_alloc, and nothing
+/// has changed. Fitting the pool to fewer never fails; at worst the pool stays as it is.
 template<typename T, typename Traits>
 class tArrayPool {
 public:
@@ -93,7 +93,8 @@ protected:
     bool mbFitOnErase;
 
 private:
-    void reallocate(unsigned long long poolSize);
+    /// False when there is no memory; the pool is as before then.
+    bool reallocate(unsigned long long poolSize);
 };
 
 template<typename T, typename Traits>
@@ -124,8 +125,9 @@ void tArrayPool<T, Traits>::resizePool(unsigned int count, bool exact)
         }
     }
     unsigned long long const target = exact ? (count == 0 ? 1 : count) : sizeToSectors(count);
-    if (target > miPoolSize || (exact && target != miPoolSize))
-        reallocate(target);
+    if ((target > miPoolSize || (exact && target != miPoolSize)) && !reallocate(target)
+        && (mpPool == nullptr || count > miPoolSize))
+        throw std::bad_alloc();
     if constexpr (Traits::kTerminated)
         mpPool[count] = T();
 }
@@ -146,17 +148,17 @@ bool tArrayPool<T, Traits>::isInside(T const* source) const
 }
 
 template<typename T, typename Traits>
-void tArrayPool<T, Traits>::reallocate(unsigned long long poolSize)
+bool tArrayPool<T, Traits>::reallocate(unsigned long long poolSize)
 {
     static_assert(alignof(T) <= alignof(std::max_align_t), "the pool has the alignment of malloc()");
     unsigned long long const bytes = (poolSize + (Traits::kTerminated ? 1 : 0)) * sizeof(T);
     bool const fits = poolSize <= 0xFFFFFFFFULL && bytes <= static_cast<unsigned long long>(PTRDIFF_MAX);
     void* const pool = fits ? std::realloc(mpPool, static_cast<std::size_t>(bytes)) : nullptr;
-    if (pool != nullptr) {
-        mpPool = static_cast<T*>(pool);
-        miPoolSize = static_cast<unsigned int>(poolSize);
-    } else if (poolSize > miPoolSize)
-        throw std::bad_alloc();
+    if (pool == nullptr)
+        return false;
+    mpPool = static_cast<T*>(pool);
+    miPoolSize = static_cast<unsigned int>(poolSize);
+    return true;
 }
 
 template<typename T, typename Traits>

@@ -51,6 +51,9 @@ TEST(cUTF8StringTokenizerTest, invalidUTF8LeavesTheTokenAsItWas)
 TEST(cUTF8StringTokenizerTest, keepsTemporariesAndViewsEverythingElse)
 {
     nstd::cAsciiString const string("a,b");
+    nstd::cAsciiString taken("x");
+    nstd::cAsciiString const taker(std::move(taken));
+    EXPECT_TRUE(cUTF8StringTokenizer(std::move(taken)).empty());
     cUTF8StringTokenizer fromArray(nstd::tArray<char>("a,b")), fromTemporary(nstd::cAsciiString("a,b")),
         fromString(string), fromLiteral("a,b"), fromView(nstd::tConstArrayRef<char>(string, 0, 3));
     for (auto* tokenizer : {&fromArray, &fromTemporary, &fromString, &fromLiteral, &fromView}) {

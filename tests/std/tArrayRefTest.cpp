@@ -4,11 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "nel_core/std/cBugException.h"
-#include "nel_core/std/cOutOfBoundsException.h"
-#include "nel_core/std/cOutOfRangeException.h"
 #include "nel_core/std/tArray.h"
-#include "tests/support/raisedBy.h"
+#include "tests/support/expectRefusal.h"
 
 using cBytes = nstd::tArray<char>;
 using cView = nstd::tArrayRef<char>;
@@ -30,9 +27,7 @@ struct cWrite {
 
 // The view is bcd of abcde.
 cWrite const kWrites[] = {
-    {"append an element", [](cView& v) { EXPECT_EQ(v.append('x'), 3u); }, "abcdxe", "bcdx"},
     {"append an own element", [](cView& v) { v.append(v[0]); }, "abcdbe", "bcdb"},
-    {"append elements", [](cView& v) { v.append("xyz", 2); }, "abcdxye", "bcdxy"},
     {"append a text", [](cView& v) { EXPECT_EQ(v.append("xy"), 3u); }, "abcdxye", "bcdxy"},
     {"append itself", [](cView& v) { v.append(v.proxyProvideData(0, 3), 3); }, "abcdbcde", "bcdbcd"},
     {"insert in front", [](cView& v) { v.insert(0, "xy", 2); }, "axybcde", "xybcd"},
@@ -61,7 +56,7 @@ cWrite const kWrites[] = {
          v.proxyPatchData(1, 2, "xy");
      },
      "abxycde", "bxycd"},
-    {"patch", [](cView& v) { v.proxyPatchData(1, 2, "xy"); }, "abxye", "bxy"},
+    {"patch with itself", [](cView& v) { v.proxyPatchData(1, 2, v.proxyProvideData(0, 2)); }, "abbce", "bbc"},
     {"write directly", [](cView& v) { *v.proxyProvideWriteableData(2, 1) = 'x'; }, "abcxe", "bcx"},
     {"write an element", [](cView& v) { v.proxyAt(0) = 'x'; }, "axcde", "xcd"},
     {"write through a part", [](cView& v) { v.cut(1, 2).append('x'); }, "abcxde", "bcx"},
@@ -80,15 +75,21 @@ TEST(tArrayRefTest, writingChangesTheProxyAndTheView)
     }
 }
 
-struct cFailure {
+void findIn(cView const& view, unsigned int start, unsigned int count)
+{
+    bool found = false;
+    view.find('b', found, start, count);
+}
+
+struct cRefusedCall {
     char const* name;
     void (*call)(cView&);
     char const* operation;
-    int type; // of out-of-range, or -1 for out-of-bounds
-    long long value, max;
+    int type;
+    long long value = 0, max = 0;
 };
 
-cFailure const kFailures[] = {
+cRefusedCall const kRefusedCalls[] = {
     {"at", [](cView& v) { v.at(3) = 'x'; }, "at", cSTDExceptions::ortIndex, 3, 2},
     {"insert", [](cView& v) { v.insert(4, "x", 1); }, "insert", cSTDExceptions::ortIndex, 4, 3},
     {"erase", [](cView& v) { v.erase(2, 2); }, "erase", cSTDExceptions::ortSize, 2, 1},
@@ -101,34 +102,18 @@ cFailure const kFailures[] = {
      cSTDExceptions::ortSize, 4, 3},
     {"provide", [](cView& v) { v.proxyProvideData(0, 4); }, "provideData", cSTDExceptions::ortSize, 4, 3},
     {"cut", [](cView& v) { v.cut(0, 4); }, "cut", cSTDExceptions::ortEndValue, 4, 3},
-    {"find",
-     [](cView& v) {
-         bool f;
-         v.find('b', f, 4);
-     },
-     "find", -1, 0, 0},
-    {"append too many", [](cView& v) { v.append("x", 0xFFFFFFFDu); }, "append", -1, 0, 0},
+    {"find", [](cView& v) { findIn(v, 4, 0); }, "find", ntest::kOutOfBounds},
+    {"append too many", [](cView& v) { v.append("x", 0xFFFFFFFDu); }, "append", ntest::kOutOfBounds},
 };
 
-TEST(tArrayRefTest, failuresNameTheLimitAndChangeNothing)
+TEST(tArrayRefTest, aRefusedCallNamesTheLimitAndChangesNothing)
 {
-    for (auto const& row : kFailures) {
+    for (auto const& row : kRefusedCalls) {
         SCOPED_TRACE(row.name);
         cBytes bytes("abcde");
         cView view(bytes, 1, 3);
-        auto const call = [&] { row.call(view); };
-        if (row.type < 0) {
-            auto const error = ntest::raisedBy<nstd::cOutOfBoundsException>(call);
-            ASSERT_TRUE(error.has_value());
-            EXPECT_TRUE(error->container() == "tArrayRef" && error->operation() == row.operation);
-        } else {
-            auto const error = ntest::raisedBy<nstd::cOutOfRangeException>(call);
-            ASSERT_TRUE(error.has_value());
-            EXPECT_TRUE(error->container() == "tArrayRef" && error->operation() == row.operation);
-            EXPECT_EQ(static_cast<int>(error->rangeType()), row.type);
-            EXPECT_EQ(error->value(), row.value);
-            EXPECT_EQ(error->max(), row.max);
-        }
+        ntest::expectRefusal([&] { row.call(view); },
+                             {"tArrayRef", row.operation, row.type, row.value, row.max});
         EXPECT_EQ(textOf(bytes), "abcde");
         EXPECT_EQ(textOf(view), "bcd");
     }
@@ -138,7 +123,6 @@ TEST(tArrayRefTest, writingToAnUnsetViewAsserts)
 {
     void (*const calls[])() = {
         [] { cView().append('x'); },
-        [] { cView().append("x"); },
         [] { cView().insert(1, "x", 1); },
         [] { cView().erase(1, 1); },
         [] { cView().truncate(0); },
@@ -154,11 +138,7 @@ TEST(tArrayRefTest, writingToAnUnsetViewAsserts)
     };
     for (auto const call : calls) {
         SCOPED_TRACE(&call - calls);
-        auto const error = ntest::raisedBy<nstd::cBugException>(call);
-        ASSERT_TRUE(error.has_value());
-        auto const message = ntest::messageOf(*error);
-        EXPECT_NE(message.find("mpData != 0"), std::string::npos) << message;
-        EXPECT_NE(message.find("nel_core/std/tArrayRef"), std::string::npos) << message;
+        ntest::expectAssertion(call, "mpData != 0", "nel_core/std/tArrayRef");
     }
 }
 

@@ -10,6 +10,7 @@
 #include "nel_core/std/cAsciiStringTokenizer.h"
 #include "nel_core/std/cOutOfRangeException.h"
 #include "nel_core/std/cRuntimeException.h"
+#include "tests/support/cBlocks.h"
 #include "tests/support/raisedBy.h"
 
 using nstd::cAsciiString;
@@ -19,21 +20,9 @@ namespace {
 
 struct cSpecial {
     std::string text;
-    unsigned int id; // 0 for a separator
+    unsigned int id = 0; // 0 for a separator
     unsigned int priority = 0;
 };
-
-// A special of a table row: "," is a separator, "=:7" a key of id 7, "=:7:2" one of priority 2.
-cSpecial parse(std::string const& text)
-{
-    auto const id = text.find(':', 1);
-    if (id == std::string::npos)
-        return {text, 0};
-    auto const priority = text.find(':', id + 1);
-    return {text.substr(0, id), static_cast<unsigned int>(std::stoul(text.substr(id + 1))),
-            priority == std::string::npos ? 0
-                                          : static_cast<unsigned int>(std::stoul(text.substr(priority + 1)))};
-}
 
 void add(cAsciiStringTokenizer& tokenizer, cSpecial const& special)
 {
@@ -60,31 +49,31 @@ std::string tokensOf(cAsciiStringTokenizer& tokenizer)
 
 struct cRow {
     char const *name, *text;
-    std::vector<std::string> specials;
+    std::vector<cSpecial> specials;
     char const *quote, *tokens;
 };
 
 cRow const kRows[] = {
-    {"two separators", "a, b", {",", " "}, "", "[a][b]"},
-    {"a key", "x=1", {"=:7"}, "", "[x][=]7[1]"},
-    {"separators around", ",,a,,", {","}, "", "[a]"},
-    {"only separators", ",,,", {","}, "", ""},
+    {"two separators", "a, b", {{","}, {" "}}, "", "[a][b]"},
+    {"a key", "x=1", {{"=", 7}}, "", "[x][=]7[1]"},
+    {"separators around", ",,a,,", {{","}}, "", "[a]"},
+    {"only separators", ",,,", {{","}}, "", ""},
     {"no specials", "a,b", {}, "", "[a,b]"},
-    {"nothing", "", {","}, "", ""},
-    {"an empty special", "ab", {"", ":1"}, "", "[ab]"},
-    {"escaped", "a\\,b,c", {","}, "\\", "[a\\,b][c]"},
-    {"escaped at the front", "\\,a", {","}, "\\", "[\\,a]"},
-    {"a doubled escape escapes too", "a\\\\,b", {","}, "\\", "[a\\\\,b]"},
-    {"a long escape", "a^^,b^,c", {","}, "^^", "[a^^,b^][c]"},
-    {"the search goes on behind what is escaped", "\\aaa", {"aa:1"}, "\\", "[\\aaa]"},
-    {"the same place, equal priority", "a==b", {"=:1", "==:2"}, "", "[a][=]1[=]1[b]"},
-    {"the same place, higher priority", "a==b", {"=:1", "==:2:1"}, "", "[a][==]2[b]"},
-    {"the same place, added first", "a==b", {"==:2", "=:1"}, "", "[a][==]2[b]"},
-    {"the same place, shorter with priority", "a==b", {"==:2", "=:1:1"}, "", "[a][=]1[=]1[b]"},
-    {"both long: the first is taken", "xabc", {"ab:1", "abc:2:9"}, "", "[x][ab]1[c]"},
-    {"starts earlier but ends too late", "xabc", {"abc:1", "xab:2"}, "", "[x][abc]1"},
-    {"starts earlier and ends in time", "xab", {"b:1", "xa:2"}, "", "[xa]2[b]1"},
-    {"a separator before a key", "=a", {"=", "=:1"}, "", "[a]"},
+    {"nothing", "", {{","}}, "", ""},
+    {"an empty special", "ab", {{""}, {"", 1}}, "", "[ab]"},
+    {"escaped", "a\\,b,c", {{","}}, "\\", "[a\\,b][c]"},
+    {"escaped at the front", "\\,a", {{","}}, "\\", "[\\,a]"},
+    {"a doubled escape escapes too", "a\\\\,b", {{","}}, "\\", "[a\\\\,b]"},
+    {"a long escape", "a^^,b^,c", {{","}}, "^^", "[a^^,b^][c]"},
+    {"the search goes on behind what is escaped", "\\aaa", {{"aa", 1}}, "\\", "[\\aaa]"},
+    {"the same place, equal priority", "a==b", {{"=", 1}, {"==", 2}}, "", "[a][=]1[=]1[b]"},
+    {"the same place, higher priority", "a==b", {{"=", 1}, {"==", 2, 1}}, "", "[a][==]2[b]"},
+    {"the same place, added first", "a==b", {{"==", 2}, {"=", 1}}, "", "[a][==]2[b]"},
+    {"the same place, shorter with priority", "a==b", {{"==", 2}, {"=", 1, 1}}, "", "[a][=]1[=]1[b]"},
+    {"both long: the first is taken", "xabc", {{"ab", 1}, {"abc", 2, 9}}, "", "[x][ab]1[c]"},
+    {"starts earlier but ends too late", "xabc", {{"abc", 1}, {"xab", 2}}, "", "[x][abc]1"},
+    {"starts earlier and ends in time", "xab", {{"b", 1}, {"xa", 2}}, "", "[xa]2[b]1"},
+    {"a separator before a key", "=a", {{"="}, {"=", 1}}, "", "[a]"},
 };
 
 TEST(tTokenizerTest, cutsTextsAtSpecials)
@@ -94,7 +83,7 @@ TEST(tTokenizerTest, cutsTextsAtSpecials)
         cAsciiString const text(row.text);
         cAsciiStringTokenizer tokenizer(text);
         for (auto const& special : row.specials)
-            add(tokenizer, parse(special));
+            add(tokenizer, special);
         tokenizer.context().setSingleQuote(row.quote);
         EXPECT_EQ(tokensOf(tokenizer), row.tokens);
     }
@@ -216,8 +205,7 @@ TEST(tTokenizerTest, contextsAndTextsMayChangeOnTheWay)
     EXPECT_EQ(tokensOf(tokenizer), "[x][;]5[y,z]");
     EXPECT_TRUE(tokenizer.leftOver().empty());
     tokenizer.setPos(6);
-    EXPECT_TRUE(tokenizer.empty()
-                && !(tokenizer >> token).getNextToken(token, *std::make_unique<unsigned int>()));
+    EXPECT_EQ(tokensOf(tokenizer), "");
     EXPECT_TRUE(ntest::raisedBy<nstd::cOutOfRangeException>([&] { tokenizer.leftOver(); }).has_value());
 }
 
@@ -225,27 +213,28 @@ TEST(tTokenizerTest, findsTheNearestSpecial)
 {
     typedef cAsciiStringTokenizer::tBase tTokenizer;
     nstd::cAsciiStringTokenizerContext context;
-    auto& key = context.addKey("=", 3);
-    auto& separator = context.addSeparator(",");
+    auto* const key = &context.addKey("=", 3);
+    auto* const separator = &context.addSeparator(",");
     cAsciiString const text("a=b,c");
-    cAsciiStringTokenizer::tView const view(text);
-    tTokenizer::cTokenSpec* found = nullptr;
-    auto const find = [&](unsigned int from, bool atPositionOnly, tTokenizer::ExpectType expect) {
-        return tTokenizer::findNearestSpecial(context, view, from, atPositionOnly, expect, found);
+    struct {
+        unsigned int from;
+        bool atPositionOnly;
+        tTokenizer::ExpectType expect;
+        unsigned int position;
+        tTokenizer::cTokenSpec* special;
+    } const rows[] = {
+        {0, false, tTokenizer::exAll, 1, key},     {0, false, tTokenizer::exSeparators, 3, separator},
+        {1, true, tTokenizer::exAll, 1, key},      {1, true, tTokenizer::exSeparators, 0, nullptr},
+        {4, false, tTokenizer::exAll, 0, nullptr},
     };
-    EXPECT_EQ(find(0, false, tTokenizer::exAll), 1u);
-    EXPECT_EQ(found, &key);
-    EXPECT_EQ(find(0, false, tTokenizer::exSeparators), 3u);
-    EXPECT_EQ(found, &separator);
-    EXPECT_EQ(find(1, true, tTokenizer::exAll), 1u);
-    EXPECT_EQ(found, &key);
-    EXPECT_EQ(find(1, true, tTokenizer::exSeparators), 0u);
-    EXPECT_EQ(found, nullptr);
-    EXPECT_EQ(find(4, false, tTokenizer::exAll), 0u);
-    EXPECT_EQ(found, nullptr);
-    EXPECT_EQ(&context.special(1), &separator);
-    EXPECT_EQ(key.type(), nstd::cAbstractTokenSpec::ttKey);
-    EXPECT_TRUE(context.numSpecials() == 2 && key.id() == 3 && separator.id() == 0 && key.text() == "=");
+    for (auto const& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        auto* found = key;
+        EXPECT_EQ(tTokenizer::findNearestSpecial(context, cAsciiStringTokenizer::tView(text), row.from,
+                                                 row.atPositionOnly, row.expect, found),
+                  row.position);
+        EXPECT_EQ(found, row.special);
+    }
 }
 
 TEST(tTokenizerTest, countsTheSpecialsItMeets)
@@ -303,35 +292,6 @@ TEST(tTokenizerTest, removesQuotes)
     }
 }
 
-// Hands out small blocks and counts the requests for them.
-class cCountedBlocks : public nstd::tAbstractConstArrayProxy<char> {
-public:
-    explicit cCountedBlocks(std::string text) : msText(std::move(text)) { }
-
-    char const& proxyAt(unsigned int i) const override { return msText[i]; }
-    unsigned int proxyLength() const override { return static_cast<unsigned int>(msText.size()); }
-    void proxyCopyPartTo(char* target, unsigned int start, unsigned int count) const override
-    {
-        msText.copy(target, count, start);
-    }
-    char const* proxyProvideData(unsigned int start, unsigned int) const override
-    {
-        ++miRequests;
-        return msText.data() + start;
-    }
-    unsigned int proxyPreferredBlockSize() const override { return 16; }
-    tAbstractConstArrayProxy const& constProxyPhysical(unsigned int& offset) const override
-    {
-        offset = 0;
-        return *this;
-    }
-
-    mutable unsigned int miRequests = 0;
-
-private:
-    std::string msText;
-};
-
 // Without a memory of where the next special stands, every token would search for the rare ones to the end:
 // more than a million requests.
 TEST(tTokenizerTest, rareAndEscapedSpecialsDoNotCostAScanForEachToken)
@@ -339,7 +299,7 @@ TEST(tTokenizerTest, rareAndEscapedSpecialsDoNotCostAScanForEachToken)
     std::string text;
     for (unsigned int i = 0; i < 2000; ++i)
         text += "x\\//*";
-    cCountedBlocks const blocks(text);
+    ntest::cBlocks const blocks(text, 16);
     cAsciiStringTokenizer tokenizer(blocks);
     tokenizer.context().setSingleQuote("\\");
     tokenizer.context().addSeparator("\r");
@@ -347,7 +307,7 @@ TEST(tTokenizerTest, rareAndEscapedSpecialsDoNotCostAScanForEachToken)
     auto& star = tokenizer.context().addKey("/*", 2);
     tokenizer.process();
     EXPECT_EQ(star.numHints(), 2000u);
-    EXPECT_LT(blocks.miRequests, 100000u);
+    EXPECT_LT(blocks.takeRequests().size(), 100000u);
 }
 
 } // namespace
