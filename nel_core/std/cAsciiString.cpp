@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "nel_core/std/cNumberConversion.h"
 #include "nel_core/std/cNumberConversionFormat.h"
@@ -21,7 +22,7 @@ char const* orEmpty(char const* text)
 
 unsigned int lengthOf(char const* text)
 {
-    return text == nullptr ? 0 : tBounds::narrow(std::strlen(text), "cAsciiString", "append");
+    return text == nullptr ? 0 : tBounds::narrow(std::strlen(text), "tArray", "append");
 }
 
 unsigned int checkedStart(cAsciiString const& text, unsigned int start)
@@ -49,10 +50,15 @@ cAsciiString::cAsciiString(char const* text) : cCharArray(orEmpty(text), lengthO
 
 cAsciiString::cAsciiString(cAsciiString const& other) = default;
 
+cAsciiString::cAsciiString(cAsciiString&& other) noexcept : cCharArray(other.settings())
+{
+    swap(other);
+}
+
 cAsciiString::cAsciiString(cCharArray const& other) : cCharArray(other) { }
 
 cAsciiString::cAsciiString(cAsciiString const& other, unsigned int start)
-    : cCharArray(other.data() + checkedStart(other, start), other.length() - start)
+    : cCharArray(other.c_str() + checkedStart(other, start), other.length() - start)
 {
 }
 
@@ -62,7 +68,7 @@ cAsciiString::cAsciiString(tConstArrayRef<char> const& view)
 }
 
 cAsciiString::cAsciiString(std::string_view text)
-    : cCharArray(orEmpty(text.data()), tBounds::narrow(text.size(), "cAsciiString", "append"))
+    : cCharArray(orEmpty(text.data()), tBounds::narrow(text.size(), "tArray", "append"))
 {
 }
 
@@ -89,9 +95,22 @@ cAsciiString& cAsciiString::operator=(cAsciiString const& other)
     return *this = static_cast<cCharArray const&>(other);
 }
 
+cAsciiString& cAsciiString::operator=(cAsciiString&& other) noexcept
+{
+    cAsciiString taken(std::move(other));
+    swap(taken);
+    setGrowStep(taken.growStep());
+    setFitOnErase(taken.fitOnErase());
+    return *this;
+}
+
 // Leaves the pool that emptying it exactly and appending to it would leave, but cannot fail halfway.
 void cAsciiString::assign(char const* source, unsigned int count)
 {
+    if (mpPool == nullptr) { // after a move, or destroy(), which keeps the numbers
+        miLength = miPoolSize = 0;
+        resizePool(0, false);
+    }
     if (length() == 0) {
         append(source, count);
         return;
@@ -325,7 +344,7 @@ void cAsciiString::setFixedLength(unsigned int width, cAsciiString const& suffix
     unsigned int const target = width < suffixLength ? suffixLength : width;
     if (length() > target) { // and so the suffix is another string
         truncate(target);
-        proxyPatchData(target - suffixLength, suffixLength, suffix.data());
+        proxyPatchData(target - suffixLength, suffixLength, suffix.c_str());
     } else
         leftAdjust(target, fill);
 }
@@ -383,7 +402,7 @@ bool cAsciiString::operator==(char const* text) const
 
 bool cAsciiString::operator==(cAsciiString const& other) const
 {
-    return other.length() == length() && isEqual(other.data(true), length());
+    return other.length() == length() && isEqual(other.c_str(), length());
 }
 
 } // namespace nstd

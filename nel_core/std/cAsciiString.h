@@ -11,8 +11,8 @@ namespace nstd {
 /// A mutable string of bytes, always followed by a zero byte: identifiers, type names, numbers as text.
 ///
 /// It is an array of characters with all operations of one, in no particular encoding; zero bytes inside
-/// are allowed but end the zero-terminated view. A constructed string owns a pool of at least 32
-/// characters, so that c_str() is never null. Not synchronised.
+/// are allowed but end the zero-terminated view. Every string owns a pool, an empty one too, unless its text
+/// has been moved away: then it takes one again with the next text. Not synchronised.
 class NEL_EXPORT cAsciiString : public tArray<char, tArrayAsciiStringTraits<char>> {
 public:
     typedef tArray<char, tArrayAsciiStringTraits<char>> cCharArray;
@@ -21,6 +21,8 @@ public:
     /// Copies the characters before the terminating zero; null gives the empty string.
     cAsciiString(char const* text);
     cAsciiString(cAsciiString const& other);
+    /// Takes pool and text over and leaves `other` empty, with its settings.
+    cAsciiString(cAsciiString&& other) noexcept;
     cAsciiString(cCharArray const& other);
     /// The tail of `other` from `start`; raises out-of-bounds ("tArray", "data") beyond its end.
     cAsciiString(cAsciiString const& other, unsigned int start);
@@ -37,15 +39,20 @@ public:
     cAsciiString& operator=(char const* text);
     cAsciiString& operator=(cCharArray const& other);
     cAsciiString& operator=(cAsciiString const& other);
+    /// Takes pool and text over and leaves `other` empty; both keep their settings.
+    cAsciiString& operator=(cAsciiString&& other) noexcept;
 
-    /// The characters and a terminating zero, valid until the next change.
-    char const* c_str() const { return data(); }
+    /// The characters and a terminating zero, valid until the next change; never null. After destroy() it
+    /// asserts.
+    char const* c_str() const { return miPoolSize == 0 ? "" : data(); }
     operator std::string_view() const { return std::string_view(data(true), length()); }
 
+    /// Append; null appends nothing, and the text may be our own.
     cAsciiString& operator+=(char c);
     cAsciiString& operator+=(char const* text);
     cAsciiString& operator+=(cAsciiString const& text);
     void addString(cAsciiString const& text);
+    /// Both texts as a new string.
     cAsciiString operator+(cAsciiString const& text) const;
 
     /// Append a number. The layout, a fixed width included, applies to the number alone, not to what stands
@@ -101,6 +108,7 @@ public:
     static char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
     /// Whether `c` lies between 0x20 and 0x7E.
     static bool isPrintable(char c) { return c >= 0x20 && c <= 0x7E; }
+    /// Map every character in place.
     void toUpper();
     void toLower();
     /// An upper-case copy.

@@ -16,7 +16,7 @@ public:
     /// Refers to the characters before the terminating zero of `text`, which must not be null. Raises
     /// out-of-bounds for a text whose length does not fit into 32 bits.
     cConstCStringRef(char const* text);
-    /// Refers to the first `length` characters of `text`, zeros included.
+    /// Refers to the first `length` characters of `text`, zeros included; null only without any.
     cConstCStringRef(char const* text, unsigned int length);
     /// Refers to the characters of `text`; raises out-of-bounds beyond 32 bits.
     explicit cConstCStringRef(std::string_view text);

@@ -98,13 +98,13 @@ void writeDigits(Element* end, unsigned long long value, cNumberConversionFormat
 // Grows the text once, and then cannot fail: what stands in it moves up by the filling in front.
 template<typename Element, typename Traits>
 void appendInteger(tArray<Element, Traits>& out, bool negative, unsigned long long magnitude,
-                   cNumberConversionFormat const& format)
+                   cNumberConversionFormat const& format, unsigned int width)
 {
     unsigned int const oldLength = out.length();
     unsigned int const signLength = negative ? 1 : 0;
     unsigned int const numberLength = signLength + lengthInBase(magnitude, format.base());
     unsigned int const unfilled = tBounds::sum(oldLength, numberLength, "tArray", "append");
-    unsigned int const fillLength = unfilled < format.fixedWidth() ? format.fixedWidth() - unfilled : 0;
+    unsigned int const fillLength = unfilled < width ? width - unfilled : 0;
     out.appendElements(fillLength + numberLength);
 
     Element* const text = out.data();
@@ -120,15 +120,23 @@ void appendInteger(tArray<Element, Traits>& out, bool negative, unsigned long lo
     writeDigits(number + numberLength, magnitude, format);
 }
 
+template<typename Element, typename Traits>
+void appendInteger(tArray<Element, Traits>& out, bool negative, unsigned long long magnitude,
+                   cNumberConversionFormat const& format)
+{
+    appendInteger(out, negative, magnitude, format, format.fixedWidth());
+}
+
 // A view is written through its proxy: the new end at once, and what a filling moves in place afterwards.
 void appendInteger(tArrayRef<char>& out, bool negative, unsigned long long magnitude,
                    cNumberConversionFormat const& format)
 {
-    unsigned int const oldLength = format.fixedWidth() == 0 ? 0 : out.length();
+    bool const mayFill = out.length() < format.fixedWidth();
+    unsigned int const oldLength = mayFill ? out.length() : 0;
     tArray<char> result(oldLength);
     if (oldLength != 0)
         out.proxyCopyPartTo(result.data(), 0, oldLength);
-    appendInteger(result, negative, magnitude, format);
+    appendInteger(result, negative, magnitude, format, mayFill ? format.fixedWidth() : 0);
     out.append(result.data() + oldLength, result.length() - oldLength);
     if (oldLength != 0)
         out.proxyPatchData(0, oldLength, result.data());

@@ -48,6 +48,9 @@ public:
     static long long fromString(cAsciiString const& text, cNumberConversionFormat const& format);
     static long long fromString(nucs::cString const& text, cNumberConversionFormat const& format);
     static long long fromString(tConstArrayRef<char> const& text, cNumberConversionFormat const& format);
+    template<typename Traits>
+    static long long fromString(tConstArrayRef<char, Traits> const& text,
+                                cNumberConversionFormat const& format);
 
     /// The decimal number that the whole text spells, as in "-12.5e-3"; 0 for an empty text or one of
     /// ignored spaces. At least one digit stands before a '.', 'e' or 'E'. Any other character raises the
@@ -56,6 +59,9 @@ public:
     static double fromStringToDouble(cAsciiString const& text, cNumberConversionFormat const& format);
     static double fromStringToDouble(nucs::cString const& text, cNumberConversionFormat const& format);
     static double fromStringToDouble(tConstArrayRef<char> const& text, cNumberConversionFormat const& format);
+    template<typename Traits>
+    static double fromStringToDouble(tConstArrayRef<char, Traits> const& text,
+                                     cNumberConversionFormat const& format);
 };
 
 } // namespace nstd

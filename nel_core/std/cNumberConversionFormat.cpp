@@ -29,6 +29,16 @@ bool detect(Element const* text, unsigned int length, unsigned int& base, unsign
     return found != 0;
 }
 
+template<typename Traits>
+bool detect(tConstArrayRef<char, Traits> const& text, unsigned int& base, unsigned int& prefixLength)
+{
+    char head[sizeof("<base:36>") - 1];
+    unsigned int const length = text.length() < sizeof head ? text.length() : sizeof head;
+    if (length != 0)
+        text.proxyCopyPartTo(head, 0, length);
+    return detect(head, length, base, prefixLength);
+}
+
 void checkSymbolIndex(unsigned int i, unsigned int last)
 {
     if (i > last)
@@ -71,12 +81,19 @@ bool cNumberConversionFormat::detectBase(nucs::cString const& text, unsigned int
 bool cNumberConversionFormat::detectBase(tConstArrayRef<char> const& text, unsigned int& base,
                                          unsigned int& prefixLength)
 {
-    char head[sizeof("<base:36>") - 1];
-    unsigned int const length = text.length() < sizeof head ? text.length() : sizeof head;
-    if (length != 0)
-        text.proxyCopyPartTo(head, 0, length);
-    return detect(head, length, base, prefixLength);
+    return detect(text, base, prefixLength);
 }
+
+template<typename Traits>
+bool cNumberConversionFormat::detectBase(tConstArrayRef<char, Traits> const& text, unsigned int& base,
+                                         unsigned int& prefixLength)
+{
+    return detect(text, base, prefixLength);
+}
+
+template NEL_EXPORT bool
+cNumberConversionFormat::detectBase(tConstArrayRef<char, tArrayAsciiStringTraits<char>> const&, unsigned int&,
+                                    unsigned int&);
 
 void cNumberConversionFormat::setBase(unsigned int base)
 {

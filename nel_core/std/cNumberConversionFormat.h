@@ -34,6 +34,9 @@ public:
     static bool detectBase(cAsciiString const& text, unsigned int& base, unsigned int& prefixLength);
     static bool detectBase(nucs::cString const& text, unsigned int& base, unsigned int& prefixLength);
     static bool detectBase(tConstArrayRef<char> const& text, unsigned int& base, unsigned int& prefixLength);
+    template<typename Traits>
+    static bool detectBase(tConstArrayRef<char, Traits> const& text, unsigned int& base,
+                           unsigned int& prefixLength);
 
     /// The base of integers, from 2 to 36.
     unsigned int base() const { return miBase; }

@@ -275,8 +275,8 @@ Number read(Element const* text, unsigned int length, cNumberConversionFormat co
 }
 
 // A view is read where it lies, unless its proxy hands out pieces only.
-template<typename Number>
-Number readView(tConstArrayRef<char> const& view, cNumberConversionFormat const& format)
+template<typename Number, typename Traits>
+Number readView(tConstArrayRef<char, Traits> const& view, cNumberConversionFormat const& format)
 {
     unsigned int const length = view.length();
     if (length == 0)
@@ -306,6 +306,13 @@ long long cNumberConversion::fromString(tConstArrayRef<char> const& text,
     return readView<long long>(text, format);
 }
 
+template<typename Traits>
+long long cNumberConversion::fromString(tConstArrayRef<char, Traits> const& text,
+                                        cNumberConversionFormat const& format)
+{
+    return readView<long long>(text, format);
+}
+
 double cNumberConversion::fromStringToDouble(cAsciiString const& text, cNumberConversionFormat const& format)
 {
     return read<double>(text.data(true), text.length(), format);
@@ -321,5 +328,17 @@ double cNumberConversion::fromStringToDouble(tConstArrayRef<char> const& text,
 {
     return readView<double>(text, format);
 }
+
+template<typename Traits>
+double cNumberConversion::fromStringToDouble(tConstArrayRef<char, Traits> const& text,
+                                             cNumberConversionFormat const& format)
+{
+    return readView<double>(text, format);
+}
+
+using cTextView = tConstArrayRef<char, tArrayAsciiStringTraits<char>>;
+template NEL_EXPORT long long cNumberConversion::fromString(cTextView const&, cNumberConversionFormat const&);
+template NEL_EXPORT double cNumberConversion::fromStringToDouble(cTextView const&,
+                                                                 cNumberConversionFormat const&);
 
 } // namespace nstd

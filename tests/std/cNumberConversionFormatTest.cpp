@@ -40,16 +40,15 @@ TEST(cNumberConversionFormatTest, refusesOtherBasesAndKeepsItsOwn)
     for (unsigned int base : {0u, 1u, 37u, 0xFFFFFFFFu}) {
         auto const error = ntest::raisedBy<nstd::cRuntimeException>([&] { format.setBase(base); });
         ASSERT_TRUE(error.has_value()) << base;
-        EXPECT_NE(ntest::messageOf(*error).find("between 2 and 36 but is "
-                                                + std::to_string(static_cast<int>(base)) + "!"),
-                  std::string::npos)
-            << ntest::messageOf(*error);
+        EXPECT_EQ(ntest::messageOf(*error),
+                  "Invalid base for a decimal. The base must be between 2 and 36 but is "
+                      + std::to_string(static_cast<int>(base)) + "!");
         EXPECT_EQ(format.base(), 2u);
         EXPECT_TRUE(ntest::raisedBy<nstd::cRuntimeException>([&] { cNumberConversionFormat made(base); }));
     }
 }
 
-TEST(cNumberConversionFormatTest, theDigitCaseRewritesAllSymbols)
+TEST(cNumberConversionFormatTest, hasThirtySixSymbolsAndATerminator)
 {
     cNumberConversionFormat format(10);
     format.setDigitSymbol(3, '#');
@@ -58,12 +57,7 @@ TEST(cNumberConversionFormatTest, theDigitCaseRewritesAllSymbols)
     EXPECT_STREQ(format.getDigitSymbolSet(), "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ");
     format.setDigitCase(static_cast<cNumberConversionFormat::DigitCase>(7));
     EXPECT_STREQ(format.getDigitSymbolSet(), "0123456789abcdefghijklmnopqrstuvwxyz");
-}
 
-TEST(cNumberConversionFormatTest, theTerminatorIsTheLastSymbol)
-{
-    cNumberConversionFormat format(10);
-    EXPECT_EQ(format.digitChar(36), 0);
     format.setDigitSymbol(36, '!');
     EXPECT_EQ(format.digitChar(36), '!');
     auto const read = ntest::raisedBy<nstd::cOutOfRangeException>([&] { format.digitChar(37); });
@@ -107,6 +101,7 @@ TEST(cNumberConversionFormatTest, detectsBasePrefixes)
         expectDetected(ascii);
         expectDetected(nucs::cString(row.text));
         expectDetected(nstd::tConstArrayRef<char>(ascii));
+        expectDetected(nstd::tConstArrayRef<char, nstd::tArrayAsciiStringTraits<char>>(ascii));
     }
 }
 

@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
@@ -22,40 +23,121 @@
 namespace {
 
 using nstd::cNumberConversion;
-using nstd::cNumberConversionFormat;
 using cBytes = nstd::tArray<char>;
 using cView = nstd::tConstArrayRef<char>;
+
+double const kInfinite = std::numeric_limits<double>::infinity();
+double const kGreatest = std::numeric_limits<double>::max();
+
+enum Option : unsigned int {
+    upperCase = 1,
+    spaceFilled = 2,
+    noPrefixes = 4,
+    spacesCount = 8,
+    zerosStay = 16,
+    noInteger = 32,
+    noFraction = 64,
+};
+
+struct cOptions {
+    unsigned int base = 10;
+    unsigned int flags = 0;
+    unsigned int width = 0;
+    unsigned int precision = 14;
+
+    operator nstd::cNumberConversionFormat() const
+    {
+        nstd::cNumberConversionFormat format(base);
+        format.setDigitCase((flags & upperCase) != 0 ? format.dcUpper : format.dcLower);
+        format.setLeadingDigit((flags & spaceFilled) != 0 ? ' ' : '0');
+        format.setBaseDetectionEnabled((flags & noPrefixes) == 0);
+        format.setIgnoreLeadingSpaces((flags & spacesCount) == 0);
+        format.setRemoveTrailingZeros((flags & zerosStay) == 0);
+        format.addIntegerPart((flags & noInteger) == 0);
+        format.addFractionalPart((flags & noFraction) == 0);
+        format.setFixedWidth(width);
+        format.setPrecision(precision);
+        return format;
+    }
+};
 
 std::string textOf(cBytes const& bytes)
 {
     return std::string(bytes.data(true), bytes.length());
 }
 
-template<typename... Setters>
-cNumberConversionFormat format(unsigned int base, Setters... setters)
+// What `write` makes of every kind of text that holds `before`, the view between brackets.
+template<typename Write>
+void expectWritten(std::string const& before, std::string const& expected, Write write)
 {
-    cNumberConversionFormat result(base);
-    (setters(result), ...);
-    return result;
+    SCOPED_TRACE(expected);
+    nstd::cAsciiString ascii(before.c_str());
+    write(ascii);
+    EXPECT_EQ(ascii, expected.c_str());
+    nucs::cString unicode(before.c_str());
+    write(unicode);
+    EXPECT_EQ(unicode, expected.c_str());
+    cBytes bytes(before.c_str());
+    write(bytes);
+    EXPECT_EQ(textOf(bytes), expected);
+    cBytes around(("[" + before + "]").c_str());
+    nstd::tArrayRef<char> view(around, 1, around.length() - 2);
+    write(view);
+    EXPECT_EQ(textOf(around), "[" + expected + "]");
 }
 
-using cFormat = cNumberConversionFormat;
+void expectInteger(long long value, std::string const& text, cOptions options = {},
+                   std::string const& before = "")
+{
+    expectWritten(before, text, [&](auto& out) { cNumberConversion::toString(out, value, options); });
+}
 
-auto width(unsigned int n)
+TEST(cNumberConversionTest, writesIntegersToEveryKindOfText)
 {
-    return [=](cFormat& f) { f.setFixedWidth(n); };
+    expectInteger(0, "0");
+    expectInteger(LLONG_MIN, "-9223372036854775808");
+    expectInteger(LLONG_MIN, "-1" + std::string(63, '0'), {2});
+    expectInteger(255, "FF", {16, upperCase});
+    expectInteger(255, "00ff", {16, 0, 4});
+    expectInteger(255, "  ff", {16, spaceFilled, 4});
+    expectInteger(-5, "-005", {10, 0, 4});
+    expectInteger(-5, "-  5", {10, spaceFilled, 4});
+    expectInteger(-5, "-5", {10, 0, 1});
+    expectInteger(-5, "-5", {10, 0, 2});
+    expectInteger(0, "000", {10, 0, 3});
+    expectInteger(-5, "-" + std::string(298, '0') + "5", {10, 0, 300});
+    expectInteger(-5, "four-5", {10, 0, 4}, "four"); // the whole text has the width
+    expectWritten("n=", "n=18446744073709551615",
+                  [](auto& out) { cNumberConversion::toString(out, ULLONG_MAX, cOptions()); });
 }
-auto precision(unsigned int n)
+
+TEST(cNumberConversionTest, everyBaseAgreesWithTheStandardLibrary)
 {
-    return [=](cFormat& f) { f.setPrecision(n); };
+    std::mt19937_64 random(1);
+    for (unsigned int base = 2; base <= 36; ++base) {
+        for (int i = 0; i < 100; ++i) {
+            auto const value = static_cast<long long>(random() >> (random() % 64)) * (i % 2 == 0 ? 1 : -1);
+            char expected[80];
+            *std::to_chars(expected, expected + 79, value, static_cast<int>(base)).ptr = 0;
+            cOptions const options{base, noPrefixes};
+            auto const text = cNumberConversion::toString(value, options);
+            ASSERT_EQ(text, expected) << "base " << base;
+            ASSERT_EQ(cNumberConversion::fromString(text, options), value) << expected;
+        }
+    }
 }
-auto const upperCase = [](cFormat& f) { f.setDigitCase(cFormat::dcUpper); };
-auto const fillWithSpaces = [](cFormat& f) { f.setLeadingDigit(' '); };
-auto const noDetection = [](cFormat& f) { f.setBaseDetectionEnabled(false); };
-auto const keepSpaces = [](cFormat& f) { f.setIgnoreLeadingSpaces(false); };
-auto const keepZeros = [](cFormat& f) { f.setRemoveTrailingZeros(false); };
-auto const onlyFraction = [](cFormat& f) { f.addIntegerPart(false); };
-auto const onlyInteger = [](cFormat& f) { f.addFractionalPart(false); };
+
+TEST(cNumberConversionTest, usesTheSymbolsOfTheFormat)
+{
+    nstd::cNumberConversionFormat signs(3);
+    for (unsigned int i = 0; i < 3; ++i)
+        signs.setDigitSymbol(i, ".7\xe9"[i]);
+    char const text[] = {'-', '\xe9', '7', '.', 0};
+    expectWritten("", text, [&](auto& out) { cNumberConversion::toString(out, -21LL, signs); });
+    EXPECT_EQ(cNumberConversion::fromString(nucs::cString(text), signs), -21);
+    EXPECT_EQ(cNumberConversion::fromString(nstd::cAsciiString(text), signs), -21);
+    EXPECT_EQ(cNumberConversion::toStringFromDouble(0.1, signs), "0.7"); // the leading 0 is no symbol
+}
 
 // Hands out at most three characters at a time, as a block device would.
 class cPieces : public nstd::tAbstractConstArrayProxy<char> {
@@ -83,350 +165,184 @@ private:
     std::string msText;
 };
 
-struct cIntegerRow {
-    char const* name;
-    long long value;
-    cNumberConversionFormat format;
-    std::string text;
-};
-
-cIntegerRow const kIntegers[] = {
-    {"zero", 0, format(10), "0"},
-    {"one digit", 7, format(10), "7"},
-    {"odd number of digits", 12345, format(10), "12345"},
-    {"round number", 1000000, format(10), "1000000"},
-    {"least", LLONG_MIN, format(10), "-9223372036854775808"},
-    {"least in base 2", LLONG_MIN, format(2), "-1" + std::string(63, '0')},
-    {"base 16", 255, format(16), "ff"},
-    {"upper case", 255, format(16, upperCase), "FF"},
-    {"base 36", -1295, format(36), "-zz"},
-    {"width", 255, format(16, width(4)), "00ff"},
-    {"width of spaces", 255, format(16, width(4), fillWithSpaces), "  ff"},
-    {"sign in front of the filling", -5, format(10, width(4)), "-005"},
-    {"sign in front of spaces", -5, format(10, width(4), fillWithSpaces), "-  5"},
-    {"width 1", -5, format(10, width(1)), "-5"},
-    {"width just reached", -5, format(10, width(2)), "-5"},
-    {"zero filled", 0, format(10, width(3)), "000"},
-    {"width 128", -5, format(10, width(128)), "-" + std::string(126, '0') + "5"},
-    {"width 129", -5, format(10, width(129)), "-" + std::string(127, '0') + "5"},
-    {"width 300", 5, format(10, width(300)), std::string(299, '0') + "5"},
-};
-
-TEST(cNumberConversionTest, writesIntegersToEveryKindOfText)
+// Calls `check` with every kind of text.
+template<typename Check>
+void withEveryText(std::string const& text, Check check)
 {
-    for (auto const& row : kIntegers) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(cNumberConversion::toString(row.value, row.format), row.text.c_str());
-
-        nucs::cString unicode;
-        cNumberConversion::toString(unicode, row.value, row.format);
-        EXPECT_TRUE(unicode == row.text.c_str());
-
-        cBytes bytes;
-        cNumberConversion::toString(bytes, row.value, row.format);
-        EXPECT_EQ(textOf(bytes), row.text);
-
-        cBytes around("[]", 2);
-        nstd::tArrayRef<char> view(around, 1, 0);
-        cNumberConversion::toString(view, row.value, row.format);
-        EXPECT_EQ(textOf(around), "[" + row.text + "]");
-    }
+    SCOPED_TRACE(text);
+    check(nstd::cAsciiString(text.c_str()));
+    check(nucs::cString(text.c_str()));
+    cBytes const around(("7" + text + "7").c_str());
+    check(cView(around, 1, around.length() - 2));
+    check(nstd::tConstArrayRef<char, nstd::tArrayAsciiStringTraits<char>>(around, 1, around.length() - 2));
+    cPieces const pieces(text);
+    check(cView(pieces));
 }
 
-TEST(cNumberConversionTest, appendsToWhatIsThere)
+template<typename Number>
+void expectRead(std::string const& source, Number value, cOptions options = {})
 {
-    nstd::cAsciiString text("n=");
-    cNumberConversion::toString(text, -12LL, format(10));
-    cNumberConversion::toString(text, ULLONG_MAX, format(10));
-    EXPECT_EQ(text, "n=-1218446744073709551615");
-    cNumberConversion::toStringFromDouble(text, 0.5, format(10));
-    EXPECT_EQ(text, "n=-12184467440737095516150.5");
+    withEveryText(source, [&](auto const& text) {
+        if constexpr (std::is_same_v<Number, double>)
+            EXPECT_DOUBLE_EQ(cNumberConversion::fromStringToDouble(text, options), value);
+        else
+            EXPECT_EQ(cNumberConversion::fromString(text, options), value);
+    });
 }
 
-TEST(cNumberConversionTest, everyBaseAgreesWithTheStandardLibrary)
-{
-    std::mt19937_64 random(1);
-    for (unsigned int base = 2; base <= 36; ++base) {
-        for (int i = 0; i < 100; ++i) {
-            auto const value = static_cast<long long>(random() >> (random() % 64)) * (i % 2 == 0 ? 1 : -1);
-            char expected[80];
-            *std::to_chars(expected, expected + 79, value, static_cast<int>(base)).ptr = 0;
-            auto const text = cNumberConversion::toString(value, format(base));
-            ASSERT_EQ(text, expected) << "base " << base;
-            ASSERT_EQ(cNumberConversion::fromString(text, format(base, noDetection)), value) << expected;
-        }
-    }
-}
-
-TEST(cNumberConversionTest, usesTheSymbolsOfTheFormat)
-{
-    auto signs = format(3);
-    for (unsigned int i = 0; i < 3; ++i)
-        signs.setDigitSymbol(i, ".7\xe9"[i]);
-    nucs::cString unicode;
-    cNumberConversion::toString(unicode, -21LL, signs);
-    EXPECT_TRUE(unicode
-                == "-\xe9"
-                   "7.");
-    EXPECT_EQ(cNumberConversion::fromString(unicode, signs), -21);
-    EXPECT_EQ(cNumberConversion::fromString(nstd::cAsciiString("-\xe9"
-                                                               "7."),
-                                            signs),
-              -21);
-    EXPECT_EQ(cNumberConversion::toStringFromDouble(0.1, signs), "0.7"); // the leading 0 is no symbol
-}
-
-struct cParsedRow {
-    char const* name;
+struct cReadRow {
     char const* text;
-    cNumberConversionFormat format;
     long long value;
 };
 
-cParsedRow const kParsed[] = {
-    {"nothing", "", format(10), 0},
-    {"only spaces", "   ", format(10), 0},
-    {"only a sign", "-", format(10), 0},
-    {"spaces, sign and prefix", "  -0x1A", format(10), -26},
-    {"0h", "0hff", format(10), 255},
-    {"0d wins over the base", "0d10", format(16), 10},
-    {"0b wins over the base", "0b11", format(16), 3},
-    {"too short for a prefix", "0b", format(16), 11},
-    {"no prefix when switched off", "0b1", format(16, noDetection), 177},
-    {"sign after the prefix", "0x-1f", format(10), -31},
-    {"bracketed base", "<8>17", format(10), 15},
-    {"two bracketed digits", "<36>zZ", format(10), 1295},
-    {"leading zero in brackets", "<08>17", format(10), 15},
-    {"base 1", "<1>000", format(10), 0},
-    {"brackets alone", "<8>", format(10), 0},
-    {"two signs", "--5", format(10), 5},
-    {"three signs", "---5", format(10), -5},
-    {"both cases", "aF", format(16), 175},
-    {"both cases with upper-case symbols", "aF", format(16, upperCase), 175},
-    {"greatest", "9223372036854775807", format(10), LLONG_MAX},
-    {"least", "-9223372036854775808", format(10), LLONG_MIN},
-    {"modulo 2^64", "18446744073709551618", format(10), 2},
+cReadRow const kRead[] = {
+    {"", 0},          {"   ", 0},     {"-", 0},      {"--5", 5},    {"---5", -5},
+    {"  -0x1A", -26}, {"0x-1f", -31}, {"0hff", 255}, {"<8>17", 15}, {"<36>zZ", 1295},
+    {"<08>17", 15},   {"<1>000", 0},  {"<8>", 0},
 };
 
 TEST(cNumberConversionTest, readsIntegersFromEveryKindOfText)
 {
-    for (auto const& row : kParsed) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(cNumberConversion::fromString(nstd::cAsciiString(row.text), row.format), row.value);
-        EXPECT_EQ(cNumberConversion::fromString(nucs::cString(row.text), row.format), row.value);
-        cBytes const bytes((std::string("7") + row.text + "7").c_str());
-        EXPECT_EQ(cNumberConversion::fromString(cView(bytes, 1, bytes.length() - 2), row.format), row.value);
-        cPieces const pieces(row.text);
-        EXPECT_EQ(cNumberConversion::fromString(cView(pieces), row.format), row.value);
-    }
-    EXPECT_EQ(cNumberConversion::fromString(cView(), format(10)), 0);
-    EXPECT_EQ(cNumberConversion::fromStringToDouble(cView(), format(10)), 0.0);
+    for (auto const& row : kRead)
+        expectRead(row.text, row.value);
+    expectRead("9223372036854775807", LLONG_MAX);
+    expectRead("-9223372036854775808", LLONG_MIN);
+    expectRead("18446744073709551618", 2); // modulo 2^64
+    expectRead("0d10", 10, {16});
+    expectRead("0b11", 3, {16});
+    expectRead("0b", 11, {16}); // too short for a prefix
+    expectRead("0b1", 177, {16, noPrefixes});
+    expectRead("aF", 175, {16, upperCase});
+    EXPECT_EQ(cNumberConversion::fromString(cView(), cOptions()), 0);
+    EXPECT_EQ(cNumberConversion::fromString(cBytes("12", 2), cOptions()), 12);
+}
+
+template<typename Number>
+void expectRefused(std::string const& source, unsigned int index, cOptions options = {})
+{
+    withEveryText(source, [&](auto const& text) {
+        auto const error = ntest::raisedBy<nstd::cRuntimeException>([&] {
+            if constexpr (std::is_same_v<Number, double>)
+                cNumberConversion::fromStringToDouble(text, options);
+            else
+                cNumberConversion::fromString(text, options);
+        });
+        ASSERT_TRUE(error.has_value());
+        EXPECT_EQ(ntest::messageOf(*error), "Invalid decimal number (\"" + source + "\"). Character at index "
+                                                + std::to_string(index) + " not points to digit!");
+    });
 }
 
 struct cRefusedRow {
-    char const* name;
-    std::string text;
-    cNumberConversionFormat format;
+    char const* text;
     unsigned int index;
 };
-
-template<typename Read>
-void expectRefused(cRefusedRow const& row, Read read)
-{
-    SCOPED_TRACE(row.name);
-    auto const error = ntest::raisedBy<nstd::cRuntimeException>(read);
-    ASSERT_TRUE(error.has_value());
-    EXPECT_NE(ntest::messageOf(*error).find("(\"" + row.text + "\"). Character at index "
-                                            + std::to_string(row.index) + " not points to digit!"),
-              std::string::npos)
-        << ntest::messageOf(*error);
-}
 
 TEST(cNumberConversionTest, namesTheCharacterThatIsNoDigit)
 {
     cRefusedRow const rows[] = {
-        {"upper-case prefix", "0X1A", format(10), 1},
-        {"prefix when switched off", "0x10", format(10, noDetection), 1},
-        {"trailing space", "12 ", format(10), 2},
-        {"tab in front", "\t1", format(10), 0},
-        {"space that counts", " 1", format(10, keepSpaces), 0},
-        {"space after the sign", "- 1", format(10), 1},
-        {"sign after a digit", "1-2", format(10), 1},
-        {"plus", "+1", format(10), 0},
-        {"digit beyond the base", "  128", format(8), 4},
-        {"letter beyond the base", "fg", format(16), 1},
-        {"base of three digits", "<100>1", format(10), 0},
-        {"base 0", "<0>1", format(10), 0},
-        {"base 37", "<37>1", format(10), 0},
-        {"open bracket", "<16", format(10), 0},
-        {"digit of base 1", "<1>01", format(10), 4},
-        {"the other bracket form", "<base:8>1", format(10), 0},
+        {"0X1A", 1},   {"12 ", 2},  {"\t1", 0},   {"- 1", 1}, {"1-2", 1},   {"+1", 0},
+        {"<100>1", 0}, {"<0>1", 0}, {"<37>1", 0}, {"<16", 0}, {"<1>01", 4}, {"<base:8>1", 0},
     };
-    for (auto const& row : rows) {
-        nstd::cAsciiString const ascii(row.text.c_str());
-        expectRefused(row, [&] { cNumberConversion::fromString(ascii, row.format); });
-        expectRefused(row,
-                      [&] { cNumberConversion::fromString(nucs::cString(row.text.c_str()), row.format); });
-        expectRefused(row, [&] { cNumberConversion::fromString(cView(ascii), row.format); });
-        cPieces const pieces(row.text);
-        expectRefused(row, [&] { cNumberConversion::fromString(cView(pieces), row.format); });
-    }
+    for (auto const& row : rows)
+        expectRefused<long long>(row.text, row.index);
+    expectRefused<long long>("fg", 1, {16});
+    expectRefused<long long>("  128", 4, {8});
+    expectRefused<long long>("0x10", 1, {10, noPrefixes});
+    expectRefused<long long>(" 1", 0, {10, spacesCount});
 }
 
 TEST(cNumberConversionTest, comparesWholeCodePoints)
 {
     nucs::cString text("1");
-    text.append(0x130);
+    text.append(0x130); // its low byte is that of "0"
     EXPECT_TRUE(
-        ntest::raisedBy<nstd::cRuntimeException>([&] { cNumberConversion::fromString(text, format(10)); }));
+        ntest::raisedBy<nstd::cRuntimeException>([&] { cNumberConversion::fromString(text, cOptions()); }));
     EXPECT_TRUE(ntest::raisedBy<nstd::cRuntimeException>(
-        [&] { cNumberConversion::fromStringToDouble(text, format(10)); }));
+        [&] { cNumberConversion::fromStringToDouble(text, cOptions()); }));
 }
 
-struct cDoubleRow {
-    char const* name;
-    double value;
-    cNumberConversionFormat format;
-    std::string text;
-};
+// What is not finite replaces the text, anything else is appended to it.
+void expectDouble(double value, std::string const& text, cOptions options = {})
+{
+    expectWritten("x", (std::isfinite(value) ? "x" : "") + text,
+                  [&](auto& out) { cNumberConversion::toStringFromDouble(out, value, options); });
+}
 
 TEST(cNumberConversionTest, writesDoublesToEveryKindOfText)
 {
-    double const inf = std::numeric_limits<double>::infinity();
-    cDoubleRow const rows[] = {
-        {"fraction", 2.5, format(10), "2.5"},
-        {"whole", 3.0, format(10), "3"},
-        {"zero", 0.0, format(10), "0"},
-        {"negative", -0.125, format(10), "-0.125"},
-        {"negative zero", -0.0, format(10), "0"},
-        {"rounded to zero", -0.001, format(10, precision(2)), "-0"},
-        {"the base does not count", 17.0, format(16), "17"},
-        {"precision", 0.1, format(10, precision(3)), "0.1"},
-        {"zeros kept", 0.1, format(10, precision(3), keepZeros), "0.100"},
-        {"zeros kept on a whole number", 4.0, format(10, precision(2), keepZeros), "4.00"},
-        {"rounds up", 1.996, format(10, precision(2)), "2"},
-        {"rounds up into a new digit", 99.95, format(10, precision(1), keepZeros), "100.0"},
-        {"precision 0", 2.5, format(10, precision(0)), "3"},
-        {"no fraction", 2.75, format(10, onlyInteger), "2"},
-        {"only the fraction", -12.25, format(10, onlyFraction), "25"},
-        {"only a fraction of zeros", 12.0, format(10, onlyFraction), ""},
-        {"only a fraction of kept zeros", 12.0, format(10, onlyFraction, keepZeros, precision(3)), "000"},
-        {"integer digits", 1234567890.5, format(10, precision(2)), "1234567890.5"},
-        {"fifteen digits", 0.5, format(10, precision(15)), "0.5"},
-        {"not a number", std::nan(""), format(10), "nan"},
-        {"infinite", inf, format(10), "+inf"},
-        {"negative infinite", -inf, format(10), "-inf"},
-    };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(cNumberConversion::toStringFromDouble(row.value, row.format), row.text.c_str());
-
-        // What is not finite replaces the text, anything else is appended to it.
-        std::string const before = std::isfinite(row.value) ? "x" : "";
-        nucs::cString unicode("x");
-        cNumberConversion::toStringFromDouble(unicode, row.value, row.format);
-        EXPECT_TRUE(unicode == (before + row.text).c_str());
-        cBytes bytes("x", 1);
-        cNumberConversion::toStringFromDouble(bytes, row.value, row.format);
-        EXPECT_EQ(textOf(bytes), before + row.text);
-        cBytes around("[x]", 3);
-        nstd::tArrayRef<char> view(around, 1, 1);
-        cNumberConversion::toStringFromDouble(view, row.value, row.format);
-        EXPECT_EQ(textOf(around), "[" + before + row.text + "]");
-    }
+    expectDouble(3.0, "3");
+    expectDouble(-0.0, "0");
+    expectDouble(-0.125, "-0.125");
+    expectDouble(17.5, "17.5", {16, 0, 9}); // neither base nor width count
+    expectDouble(-0.001, "-0", {10, 0, 0, 2});
+    expectDouble(0.1, "0.1", {10, 0, 0, 3});
+    expectDouble(0.1, "0.100", {10, zerosStay, 0, 3});
+    expectDouble(1.996, "2", {10, 0, 0, 2});
+    expectDouble(99.95, "100.0", {10, zerosStay, 0, 1});
+    expectDouble(2.5, "3", {10, 0, 0, 0});
+    expectDouble(2.75, "2", {10, noFraction});
+    expectDouble(-12.25, "25", {10, noInteger});
+    expectDouble(12.0, "", {10, noInteger});
+    expectDouble(12.0, "000", {10, noInteger | zerosStay, 0, 3});
+    expectDouble(1234567890.5, "1234567890.5", {10, 0, 0, 2});
+    expectDouble(std::nan(""), "nan");
+    expectDouble(kInfinite, "+inf");
+    expectDouble(-kInfinite, "-inf");
 }
 
 // Beyond the fifteenth digit only their number is certain.
 TEST(cNumberConversionTest, hugeDoublesAndPrecisionsHaveAllTheirDigits)
 {
-    auto const greatest = std::numeric_limits<double>::max();
-    auto const huge = cNumberConversion::toStringFromDouble(-greatest, format(10, keepZeros));
+    auto const huge = cNumberConversion::toStringFromDouble(-kGreatest, cOptions{10, zerosStay});
     EXPECT_EQ(huge.length(), 1u + 309 + 1 + 14);
     EXPECT_TRUE(huge.beginsWith("-1797", 5));
     EXPECT_TRUE(huge.endsWith(".00000000000000", 15));
 
-    double const least = std::numeric_limits<double>::denorm_min();
-    for (double value : {0.0, least, 0.5, 1e300, greatest}) {
+    for (double value : {0.0, std::numeric_limits<double>::denorm_min(), 0.5, 1e300, kGreatest}) {
         SCOPED_TRACE(value);
-        auto const text =
-            cNumberConversion::toStringFromDouble(value, format(10, precision(3000), keepZeros));
+        auto const text = cNumberConversion::toStringFromDouble(value, cOptions{10, zerosStay, 0, 3000});
         bool found = false;
         EXPECT_EQ(text.length() - text.find('.', found), 3001u);
         EXPECT_TRUE(text.endsWith("000", 3));
         // The zeros that are left out are not even made.
-        EXPECT_LT(cNumberConversion::toStringFromDouble(value, format(10, precision(4000000000u))).length(),
-                  1000u);
+        auto const trimmed = cNumberConversion::toStringFromDouble(value, cOptions{10, 0, 0, 4000000000u});
+        EXPECT_LT(trimmed.length(), 1000u);
     }
 }
 
-struct cParsedDoubleRow {
-    char const* text;
-    double value;
-};
-
-TEST(cNumberConversionTest, readsDoubles)
+TEST(cNumberConversionTest, readsDoublesFromEveryKindOfText)
 {
-    double const inf = std::numeric_limits<double>::infinity();
-    std::string const ones(400, '1');
-    std::string const manyOnes = ones + "e-500";
-    std::string const longFraction = "0." + std::string(500, '0') + "1";
-    cParsedDoubleRow const rows[] = {
-        {"", 0.0},
-        {"  ", 0.0},
-        {"-", 0.0},
-        {"1.5e3", 1500.0},
-        {"-2.5E-1", -0.25},
-        {"  12", 12.0},
-        {"+-+1", -1.0},
-        {"--1", 1.0},
-        {"1.", 1.0},
-        {"1e", 1.0},
-        {"1-e2", 0.01}, // after a digit a sign is that of the exponent
-        {"1e--2", 100.0},
-        {"1e+2", 100.0},
-        {"1-2", 12.0},
-        {"1.5e", 1.5},
-        {"0.125", 0.125},
-        {"1e400", inf},
-        {"-1e400", -inf},
-        {"1e-400", 0.0},
-        {"0e99999999999999999999", 0.0},
-        {"1e99999999999999999999", inf},
-        {"1e-99999999999999999999", 0.0},
-        {ones.c_str(), inf},
-        {manyOnes.c_str(), inf},
-        {longFraction.c_str(), 0.0},
+    struct {
+        std::string text;
+        double value;
+    } const rows[] = {
+        {"", 0.0},        {"  ", 0.0},     {"-", 0.0},     {"1.5e3", 1500.0}, {"-2.5E-1", -0.25},
+        {"  12", 12.0},   {"+-+1", -1.0},  {"--1", 1.0},   {"1.", 1.0},       {"1e", 1.0},
+        {"1e--2", 100.0}, {"1e+2", 100.0}, {"1-e2", 0.01}, {"1-2", 12.0},     {"1e-400", 0.0},
     };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.text);
-        EXPECT_DOUBLE_EQ(cNumberConversion::fromStringToDouble(nstd::cAsciiString(row.text), format(16)),
-                         row.value);
-        EXPECT_DOUBLE_EQ(cNumberConversion::fromStringToDouble(nucs::cString(row.text), format(10)),
-                         row.value);
-        cPieces const pieces(row.text);
-        EXPECT_DOUBLE_EQ(cNumberConversion::fromStringToDouble(cView(pieces), format(10)), row.value);
-    }
+    for (auto const& row : rows) // after a digit a sign is that of the exponent
+        expectRead(row.text, row.value);
+    expectRead("10", 10.0, {16}); // the base does not count
+    expectRead("1e400", kInfinite);
+    expectRead("-1e400", -kInfinite);
+    expectRead("0e99999999999999999999", 0.0);
+    expectRead("1e99999999999999999999", kInfinite);
+    expectRead("1e-99999999999999999999", 0.0);
+    expectRead(std::string(400, '1') + "e-500", kInfinite);
+    expectRead("0." + std::string(500, '0') + "1", 0.0);
+    EXPECT_EQ(cNumberConversion::fromStringToDouble(cView(), cOptions()), 0.0);
 }
 
 TEST(cNumberConversionTest, namesTheCharacterThatIsNoPartOfADouble)
 {
     cRefusedRow const rows[] = {
-        {"comma", "1,5", format(10), 1},
-        {"no digit before the point", ".5", format(10), 0},
-        {"no digit before the exponent", "e3", format(10), 0},
-        {"point in the exponent", "1e2.5", format(10), 3},
-        {"sign after the exponent", "1e2-", format(10), 3},
-        {"second exponent", "1e2e3", format(10), 3},
-        {"trailing space", "1.5 ", format(10), 3},
-        {"no prefix", "0x1", format(10), 1},
-        {"space that counts", " 1", format(10, keepSpaces), 0},
-        {"name", "inf", format(10), 0},
+        {"1,5", 1},   {".5", 0},   {"e3", 0},  {"1e2.5", 3}, {"1e2-", 3},
+        {"1e2e3", 3}, {"1.5 ", 3}, {"0x1", 1}, {"inf", 0},
     };
-    for (auto const& row : rows) {
-        nstd::cAsciiString const ascii(row.text.c_str());
-        expectRefused(row, [&] { cNumberConversion::fromStringToDouble(ascii, row.format); });
-        expectRefused(row, [&] { cNumberConversion::fromStringToDouble(cView(ascii), row.format); });
-    }
+    for (auto const& row : rows)
+        expectRefused<double>(row.text, row.index);
+    expectRefused<double>(" 1", 0, {10, spacesCount});
 }
 
 TEST(cNumberConversionTest, doublesSurviveTheWayThroughText)
@@ -434,8 +350,8 @@ TEST(cNumberConversionTest, doublesSurviveTheWayThroughText)
     std::mt19937_64 random(2);
     for (int i = 0; i < 1000; ++i) {
         double const value = std::round(std::uniform_real_distribution<>(-1e8, 1e8)(random) * 1e5) / 1e5;
-        auto const text = cNumberConversion::toStringFromDouble(value, format(10, precision(5)));
-        double const back = cNumberConversion::fromStringToDouble(text, format(10));
+        auto const text = cNumberConversion::toStringFromDouble(value, cOptions{10, 0, 0, 5});
+        double const back = cNumberConversion::fromStringToDouble(text, cOptions());
         ASSERT_NEAR(back, value, std::fabs(value) * 1e-14) << text.c_str();
         ASSERT_NEAR(std::strtod(text.c_str(), nullptr), value, std::fabs(value) * 1e-14) << text.c_str();
     }
