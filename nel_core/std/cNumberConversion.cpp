@@ -297,6 +297,16 @@ void cNumberConversion::toString(tArrayRef<char>& out, unsigned long long value,
     appendInteger(out, false, value, format);
 }
 
+cAsciiString cNumberConversion::toString(int value, cNumberConversionFormat const& format)
+{
+    return toString(static_cast<long long>(value), format);
+}
+
+cAsciiString cNumberConversion::toString(unsigned int value, cNumberConversionFormat const& format)
+{
+    return toString(static_cast<unsigned long long>(value), format);
+}
+
 cAsciiString cNumberConversion::toString(long long value, cNumberConversionFormat const& format)
 {
     cAsciiString result;

@@ -25,7 +25,19 @@ public:
     static void toString(tArray<char>& out, unsigned long long value, cNumberConversionFormat const& format);
     static void toString(tArrayRef<char>& out, unsigned long long value,
                          cNumberConversionFormat const& format);
+    template<typename T>
+    static void toString(T& out, int value, cNumberConversionFormat const& format)
+    {
+        toString(out, static_cast<long long>(value), format);
+    }
+    template<typename T>
+    static void toString(T& out, unsigned int value, cNumberConversionFormat const& format)
+    {
+        toString(out, static_cast<unsigned long long>(value), format);
+    }
     /// The number as a new string.
+    static cAsciiString toString(int value, cNumberConversionFormat const& format);
+    static cAsciiString toString(unsigned int value, cNumberConversionFormat const& format);
     static cAsciiString toString(long long value, cNumberConversionFormat const& format);
     static cAsciiString toString(unsigned long long value, cNumberConversionFormat const& format);
 
@@ -45,6 +57,7 @@ public:
     /// character following "0x" and its like), then digits in either case; each further '-' before the
     /// first digit flips the sign. Any other character raises the invalid-decimal runtime error with its
     /// index in the whole text. Overflow is not detected: the result is taken modulo 2^64.
+    static long long fromString(char const* text, cNumberConversionFormat const& format);
     static long long fromString(cAsciiString const& text, cNumberConversionFormat const& format);
     static long long fromString(nucs::cString const& text, cNumberConversionFormat const& format);
     static long long fromString(tConstArrayRef<char> const& text, cNumberConversionFormat const& format);
@@ -56,6 +69,7 @@ public:
     /// ignored spaces. At least one digit stands before a '.', 'e' or 'E'. Any other character raises the
     /// invalid-decimal runtime error with its index in the whole text. Beyond the range of a double the
     /// result is infinite or 0.
+    static double fromStringToDouble(char const* text, cNumberConversionFormat const& format);
     static double fromStringToDouble(cAsciiString const& text, cNumberConversionFormat const& format);
     static double fromStringToDouble(nucs::cString const& text, cNumberConversionFormat const& format);
     static double fromStringToDouble(tConstArrayRef<char> const& text, cNumberConversionFormat const& format);

@@ -290,6 +290,11 @@ Number readView(tConstArrayRef<char, Traits> const& view, cNumberConversionForma
 
 } // namespace
 
+long long cNumberConversion::fromString(char const* text, cNumberConversionFormat const& format)
+{
+    return fromString(cAsciiString(text), format);
+}
+
 long long cNumberConversion::fromString(cAsciiString const& text, cNumberConversionFormat const& format)
 {
     return read<long long>(text.data(true), text.length(), format);
@@ -311,6 +316,11 @@ long long cNumberConversion::fromString(tConstArrayRef<char, Traits> const& text
                                         cNumberConversionFormat const& format)
 {
     return readView<long long>(text, format);
+}
+
+double cNumberConversion::fromStringToDouble(char const* text, cNumberConversionFormat const& format)
+{
+    return fromStringToDouble(cAsciiString(text), format);
 }
 
 double cNumberConversion::fromStringToDouble(cAsciiString const& text, cNumberConversionFormat const& format)

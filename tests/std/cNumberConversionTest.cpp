@@ -357,4 +357,16 @@ TEST(cNumberConversionTest, doublesSurviveTheWayThroughText)
     }
 }
 
+TEST(cNumberConversionTest, plainIntegersAndLiteralsNeedNoCast)
+{
+    nstd::cNumberConversionFormat const hexadecimal(16);
+    EXPECT_EQ(ntest::text(nstd::cNumberConversion::toString(255, hexadecimal)), "ff");
+    EXPECT_EQ(ntest::text(nstd::cNumberConversion::toString(4294967295u, hexadecimal)), "ffffffff");
+    nstd::cAsciiString out("=");
+    nstd::cNumberConversion::toString(out, -1, hexadecimal);
+    EXPECT_EQ(ntest::text(out), "=-1");
+    EXPECT_EQ(nstd::cNumberConversion::fromString("-1f", hexadecimal), -31);
+    EXPECT_EQ(nstd::cNumberConversion::fromStringToDouble("2.5", hexadecimal), 2.5);
+}
+
 } // namespace
