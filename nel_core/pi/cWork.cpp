@@ -3,6 +3,7 @@
 #include "nel_core/pi/cDebugEntry.h"
 #include "nel_core/pi/cSystem.h"
 #include "nel_core/pi/cWqDebug.h"
+#include "nel_core/pi/workTime.h"
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/std/piAssert.h"
 #include "nel_core/std/raise.h"
@@ -171,12 +172,13 @@ void cWork::planAndTell(unsigned int interval)
     sigChanged(this);
 }
 
-void cWork::followClock(nstd::cTime const& now, unsigned long long step)
+long long cWork::dueIn(nstd::cTime const& now, unsigned long long step)
 {
-    if (mScheduledTime.get() <= now.get() + step)
-        return;
-    mPlannedTime = nstd::cTime(now.get() + (mPlannedTime.get() - mScheduledTime.get()));
-    mScheduledTime = now;
+    if (mScheduledTime.get() > now.get() + step) {
+        mPlannedTime = nstd::cTime(now.get() + (mPlannedTime.get() - mScheduledTime.get()));
+        mScheduledTime = now;
+    }
+    return millisecondsUntil(mPlannedTime, now);
 }
 
 // True when a handler has returned normally; the work may be gone then, and also when it has not.

@@ -184,6 +184,7 @@ private:
                 mpWork->mpLives = mpOuter;
         }
         explicit operator bool() const { return mpWork != nullptr; }
+        cWork* work() const { return mpWork; }
 
     private:
         friend class cWork;
@@ -205,8 +206,9 @@ private:
     void internRestart(bool isExplicit);
     void internRestart(unsigned int interval, bool periodic, bool);
     void planAndTell(unsigned int interval);
-    /// Keeps the time that is left when the clock was set back by more than `step` microseconds.
-    void followClock(nstd::cTime const& now, unsigned long long step);
+    /// The milliseconds until the work is due. When the clock was set back by more than `step` microseconds,
+    /// the time that was left counts on from now.
+    long long dueIn(nstd::cTime const& now, unsigned long long step);
     bool offerError(nstd::cAbstractException const& error, bool isFromDescendant);
     void tellOfDestruction();
 

@@ -4,11 +4,11 @@
 #include <climits>
 
 #include "nel_core/pi/cDebugEntry.h"
-#include "nel_core/pi/cSystem.h"
 #include "nel_core/pi/piStackTrace.h"
 #include "nel_core/pi/workTime.h"
 #include "nel_core/std/cAsciiStringStream.h"
 #include "nel_core/std/cDateTime.h"
+#include "nel_core/std/cSTDExceptions.h"
 #include "nel_core/std/piAssert.h"
 #include "nel_core/std/raise.h"
 
@@ -39,12 +39,6 @@ bool takeEvent(cWork const& work)
         return false;
     data->setEvent(false);
     return true;
-}
-
-void warnOfMissingName()
-{
-    cDebugEntry(NEL_SOURCE_TAG, __LINE__) << "Work scheduled without name!";
-    cDebugEntry(NEL_SOURCE_TAG, __LINE__) << piStackTrace(kTraceDepth);
 }
 
 nstd::cAsciiString descriptionOf(cWork const& work)
@@ -121,31 +115,39 @@ struct cWorkQueue::cPass {
     unsigned int io = 0;
 };
 
-// Makes a work the current one while its handlers run. The work that was current before may go meanwhile.
+// Makes a work the current one while its handlers run, which may delete it or take it out of the queue.
 class cWorkQueue::cCurrent {
 public:
-    cCurrent(cWorkQueue& queue, cWork& work)
-        : mQueue(queue),
-          mpSaved(queue.mpCurrent),
-          mpOuter(queue.mpCurrents)
+    cCurrent(cWorkQueue& queue, cWork& work) : mQueue(queue), mLife(work), mpOuter(queue.mpCurrent)
     {
-        queue.mpCurrent = &work;
-        queue.mpCurrents = this;
+        queue.mpCurrent = this;
     }
     cCurrent(cCurrent const&) = delete;
     cCurrent& operator=(cCurrent const&) = delete;
-    ~cCurrent()
-    {
-        mQueue.mpCurrent = mpSaved;
-        mQueue.mpCurrents = mpOuter;
-    }
+    ~cCurrent() { mQueue.mpCurrent = mpOuter; }
+
+    cWork* work() const { return mbForgotten ? nullptr : mLife.work(); }
+    cCurrent* outer() const { return mpOuter; }
+    void forget() { mbForgotten = true; }
 
 private:
-    friend class cWorkQueue;
-
     cWorkQueue& mQueue;
-    cWork* mpSaved;
-    cCurrent* mpOuter;
+    cWork::cLife const mLife;
+    cCurrent* const mpOuter;
+    bool mbForgotten = false;
+};
+
+// A running pass with its repetitions. When it is nested, the one around it must look again at what has
+// changed.
+class cWorkQueue::cLevel {
+public:
+    explicit cLevel(cWorkQueue& queue) : mQueue(queue) { ++queue.miLevel; }
+    cLevel(cLevel const&) = delete;
+    cLevel& operator=(cLevel const&) = delete;
+    ~cLevel() { mQueue.mbRerun = --mQueue.miLevel != 0; }
+
+private:
+    cWorkQueue& mQueue;
 };
 
 // Keeps event processors that are replaced meanwhile until the outermost call into one has returned.
@@ -171,6 +173,7 @@ cWorkQueue::cWorkQueue()
 
 cWorkQueue::~cWorkQueue()
 {
+    mbDying = true;
     clear();
 }
 
@@ -192,12 +195,18 @@ void cWorkQueue::addJob(cWork& work)
 void cWorkQueue::addJob(nstd::tSharedObject<cWork> work)
 {
     adopt(work);
-    sltNotifyWorkChanged(nullptr);
+    try {
+        sltNotifyWorkChanged(nullptr);
+    } catch (...) { // what an asynchronous processor has raised
+        if (work)
+            removeJob(*work);
+        throw;
+    }
 }
 
 nstd::tSharedObject<cWork> cWorkQueue::createJob()
 {
-    nstd::tSharedObject<cWork> work(new cWork);
+    nstd::tSharedObject<cWork> const work(new cWork);
     addJob(work);
     return work;
 }
@@ -260,13 +269,14 @@ unsigned int cWorkQueue::processEvents(bool trigger)
 
 bool cWorkQueue::updateTimer(bool trigger, unsigned int* timeout)
 {
-    cCount const level(miLevel);
+    cLevel const level(*this);
     unsigned int result = 0;
-    mbRerun = true;
-    for (bool triggering = trigger; mbRerun; triggering = false) {
+    bool triggering = trigger;
+    do {
         mbRerun = false;
         result = internProcess(triggering);
-    }
+        triggering = false;
+    } while (mbRerun && mpEvents); // which a handler may have taken away
     if (timeout)
         *timeout = result;
     return (miTimed != 0 && result != 0) || miIO != 0;
@@ -276,8 +286,12 @@ unsigned int cWorkQueue::internProcess(bool trigger)
 {
     assertEventObject();
     cPass pass(trigger, mpEvents->supportsAIO());
-    for (auto at = mJobs.begin(); at != mJobs.end(); ++at)
-        visit(*at.node(), pass);
+    {
+        cCount const walk(miWalks);
+        tNode* const end = mJobs.end().node();
+        for (tNode* at = mJobs.begin().node(); at != end; at = at->next())
+            visit(*at, pass);
+    }
     if (miLevel == 1 && miWalks == 0)
         purge();
     miTimed = pass.timed;
@@ -303,6 +317,11 @@ void cWorkQueue::debugDump()
         else
             dumpLine(" * zero item", "");
     }
+}
+
+cWork* cWorkQueue::current() const
+{
+    return mpCurrent ? mpCurrent->work() : nullptr;
 }
 
 piVoid cWorkQueue::sltWorkDestroyed(cWork const& work)
@@ -345,11 +364,13 @@ piVoid cWorkQueue::sltNotifyPEFinished()
 void cWorkQueue::adopt(nstd::tSharedObject<cWork> const& handle)
 {
     cWork& work = *handle;
+    if (mbDying)
+        cSTDExceptions::throwUnsupportedOperation("cWorkQueue::addJob()");
     tNode* entry = nullptr;
     try {
         work.sigChanged.connect(nrmi::slot(this, &cWorkQueue::sltNotifyWorkChanged));
         entry = &appendEntry(handle);
-        work.reparent(mpCurrent);
+        work.reparent(current());
     } catch (...) {
         if (entry)
             dropEntry(*entry, false);
@@ -406,6 +427,8 @@ void cWorkQueue::dropEntry(tNode& entry, bool isDestroyed)
         handle = nstd::tSharedObject<cWork>();
         return;
     }
+    if (work->isStarted())
+        mbRerun = true; // a running pass has perhaps counted it
     if (--work->mPlace.count == 0)
         work->mPlace = cWork::cPlace();
     if (isDestroyed)
@@ -425,11 +448,9 @@ void cWorkQueue::disconnectFrom(cWork& work)
 
 void cWorkQueue::forgetCurrent(cWork const& work)
 {
-    if (mpCurrent == &work)
-        mpCurrent = nullptr;
-    for (cCurrent* current = mpCurrents; current; current = current->mpOuter) {
-        if (current->mpSaved == &work)
-            current->mpSaved = nullptr;
+    for (cCurrent* running = mpCurrent; running; running = running->outer()) {
+        if (running->work() == &work)
+            running->forget();
     }
 }
 
@@ -441,83 +462,92 @@ void cWorkQueue::mark(tNode& entry)
     mbMarked = true;
 }
 
-// Works are released before their entries go, so that whatever dies finds a list that it may change. A work
-// that was started again after it had been marked stays.
+// A work is released before its entry goes, and only then the next entry is looked for: whatever dies finds a
+// list that it may change. A work that was started again after it had been marked stays.
 void cWorkQueue::purge()
 {
-    if (!mbMarked)
-        return;
+    cCount const walk(miWalks);
+    tNode* const end = mJobs.end().node();
     while (mbMarked) {
         mbMarked = false;
-        cCount const walk(miWalks);
-        for (auto at = mJobs.begin(); at != mJobs.end(); ++at) {
-            if (!at.isEraseLater())
-                continue;
-            if (*at && (*at)->isStarted())
-                at.cancelEraseLater();
-            else
-                dropEntry(*at.node(), false);
+        for (tNode* at = mJobs.begin().node(); at != end;) {
+            tNode& entry = *at;
+            cWork const* const work = entry.linkedElement()->element().get();
+            if (work && work->isStarted())
+                entry.setEraseLater(false);
+            bool const isLeaving = entry.isEraseLater();
+            if (isLeaving)
+                dropEntry(entry, false);
+            at = entry.next();
+            if (isLeaving)
+                mJobs.erase(&entry);
         }
     }
-    mJobs.purge();
 }
 
 void cWorkQueue::visit(tNode& entry, cPass& pass)
 {
-    nstd::tSharedObject<cWork> const& handle = entry.linkedElement()->element();
-    cWork* const work = handle.get();
-    if (!work) {
+    cWork* const work = entry.linkedElement()->element().get();
+    if (!work)
         mark(entry);
+    else if (!work->isStarted())
         return;
-    }
-    if (!work->isStarted())
-        return;
-
-    bool isDue = false;
-    bool isTimed = work->type() != cWork::AsynchronousIO;
-    if (!isTimed && pass.supportsAIO) {
-        isDue = pass.triggering && takeEvent(*work);
-    } else if (!isTimed) {
-        work->internRestart(work->interval(), true, false);
-        if (!handle || !work->isStarted())
-            return; // by a slot of sigChanged
-        isTimed = isDue = true;
-    } else {
-        work->followClock(pass.now, kClockStep);
-    }
-    long long waitMs = isDue ? 0 : millisecondsUntil(work->plannedTime(), pass.now);
-    if (isTimed && waitMs == 0)
-        isDue = true;
-
-    unsigned int& count = isTimed ? pass.timed : pass.io;
-    ++count;
-    if (pass.triggering && isDue)
-        trigger(entry, pass, count, waitMs);
-    if (isTimed)
-        pass.offerWait(waitMs);
+    else if (work->type() != cWork::AsynchronousIO)
+        visitTimed(entry, pass, work->dueIn(pass.now, kClockStep));
+    else if (pass.supportsAIO)
+        visitIO(entry, pass);
+    else
+        visitUnsupported(entry, pass);
 }
 
-// The handle keeps an owned work alive while its handlers run. The entry tells afterwards whether the work
-// has left the queue or, added by reference, is gone.
-void cWorkQueue::trigger(tNode& entry, cPass& pass, unsigned int& count, long long& waitMs)
+void cWorkQueue::visitTimed(tNode& entry, cPass& pass, long long waitMs)
+{
+    ++pass.timed;
+    if (pass.triggering && waitMs == 0)
+        waitMs = trigger(entry, pass, pass.timed);
+    pass.offerWait(waitMs);
+}
+
+// An event that cannot be acted on is left for the next pass.
+void cWorkQueue::visitIO(tNode& entry, cPass& pass)
+{
+    ++pass.io;
+    if (pass.triggering && takeEvent(*entry.linkedElement()->element()))
+        trigger(entry, pass, pass.io);
+}
+
+// Without descriptors to wait for, the work becomes a periodic one that is due at once.
+void cWorkQueue::visitUnsupported(tNode& entry, cPass& pass)
+{
+    nstd::tSharedObject<cWork> const& listed = entry.linkedElement()->element();
+    listed->internRestart(listed->interval(), true, false);
+    if (listed && listed->isStarted()) // slots of sigChanged may have seen to that
+        visitTimed(entry, pass, 0);
+}
+
+// Runs a work and returns the milliseconds until it is due again. The copy of the handle keeps an owned work
+// alive while slots and handlers run. The entry tells afterwards whether the work has left the queue or,
+// added by reference, may be gone.
+long long cWorkQueue::trigger(tNode& entry, cPass const& pass, unsigned int& count)
 {
     nstd::tSharedObject<cWork>& listed = entry.linkedElement()->element();
     nstd::tSharedObject<cWork> const work(listed);
+    long long waitMs = 0;
     if (work->type() != cWork::AsynchronousIO)
         work->markDone();
     if (work->type() == cWork::Periodic) {
         work->internRestart(false);
-        if (work)
+        if (listed)
             waitMs = millisecondsUntil(work->plannedTime(), pass.now);
     }
     if (listed)
         perform(*work);
 
-    bool const hasLeft = !listed;
-    if (!hasLeft && (work->isStarted() || work->isKeep()))
-        return;
-    mark(entry);
-    --count;
+    if (!listed || !(work->isStarted() || work->isKeep())) {
+        mark(entry);
+        --count;
+    }
+    return waitMs;
 }
 
 void cWorkQueue::perform(cWork& work)
@@ -528,7 +558,7 @@ void cWorkQueue::perform(cWork& work)
         work.stop();
         nstd::raiseBug(message);
     }
-    cCurrent const current(*this, work);
+    cCurrent const running(*this, work);
     work.action();
 }
 
@@ -555,50 +585,6 @@ void cWorkQueue::assertEventObject()
     debugDump();
     cDebugEntry(NEL_SOURCE_TAG, __LINE__) << piStackTrace(kTraceDepth);
     nstd::raiseBug(nstd::makeMessage("$MTR$No process event manager for workqueue!"));
-}
-
-cWork& schedule(cWork& work)
-{
-    system().workQueue.addJob(work);
-    return work;
-}
-
-nstd::tSharedObject<cWork> schedule(nstd::tAutoPtr<cWork> work)
-{
-    nstd::tSharedObject<cWork> const handle(work);
-    system().workQueue.addJob(handle);
-    return handle;
-}
-
-nstd::tSharedObject<cWork> schedule(nrmi::cAbstractSlotCall0<piVoid> const& slot, unsigned int interval,
-                                    char const* name)
-{
-    return schedule(slot, interval, cWork::SingleTask, name);
-}
-
-nstd::tSharedObject<cWork> schedule(nrmi::cAbstractSlotCall0<piVoid> const& slot, unsigned int interval,
-                                    cWork::Type type, char const* name)
-{
-    cWorkQueue& queue = system().workQueue;
-    nstd::tSharedObject<cWork> const work = queue.createJob();
-    try {
-        if (name)
-            work->setName(name);
-        else
-            warnOfMissingName();
-        work->sigAction.connect(slot);
-        work->start(interval, type);
-    } catch (...) {
-        if (work)
-            queue.removeJob(*work);
-        throw;
-    }
-    return work;
-}
-
-void unschedule(cWork& work)
-{
-    system().workQueue.removeJob(work);
 }
 
 } // namespace npi

@@ -25,6 +25,8 @@ public:
 
     /// Empty, without an event processor.
     cWorkQueue();
+    /// Releases all entries. A work that a slot of a dying one adds now is refused as an unsupported
+    /// operation.
     ~cWorkQueue() override;
 
     /// Adds a work that stays the caller's; one that is in the queue already stays where it is. The work
@@ -64,7 +66,7 @@ public:
     /// How many passes are running, one inside the other.
     unsigned int level() const { return miLevel; }
     /// The work whose handlers are running, null when there is none.
-    cWork* current() const { return mpCurrent; }
+    cWork* current() const;
 
     /// Connected to the works and to the event processor.
     piVoid sltWorkDestroyed(cWork const& work);
@@ -75,6 +77,7 @@ private:
     friend class cLocalEventLoop;
     struct cPass;
     class cCurrent;
+    class cLevel;
     class cProcessorUse;
     typedef tJobs::nodeType tNode;
 
@@ -89,7 +92,10 @@ private:
     void purge();
 
     void visit(tNode& entry, cPass& pass);
-    void trigger(tNode& entry, cPass& pass, unsigned int& count, long long& waitMs);
+    void visitTimed(tNode& entry, cPass& pass, long long waitMs);
+    void visitIO(tNode& entry, cPass& pass);
+    void visitUnsupported(tNode& entry, cPass& pass);
+    long long trigger(tNode& entry, cPass const& pass, unsigned int& count);
     void perform(cWork& work);
     void wait(unsigned int timeout);
     unsigned int avoidStarvation(unsigned int timeout);
@@ -101,13 +107,13 @@ private:
     bool mbRerun = false;
     unsigned int miLocalLoops = 0;
     unsigned int miClearing = 0;
-    cWork* mpCurrent = nullptr;
+    cCurrent* mpCurrent = nullptr; ///< the innermost running work
     unsigned int miTimed = 0;
     unsigned int miIO = 0;
 
     bool mbMarked = false;                ///< entries wait for the next purge
     unsigned int miWalks = 0;             ///< walks that a purge must not disturb
-    cCurrent* mpCurrents = nullptr;       ///< what current() was outside of the running works
+    bool mbDying = false;                 ///< no work is taken any more
     unsigned int miCyclesWithoutWait = 0; ///< in a row, while there are I/O works
     unsigned int miProcessorUses = 0;     ///< calls into event processors that have not returned
     nstd::tPtrVector<cAbstractProcessEvents> maReplaced; ///< owned; deleted when no processor is in use

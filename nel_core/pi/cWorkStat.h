@@ -15,7 +15,7 @@ public:
     public:
         /// Takes the creation trace; both times are now.
         cDebugInfo();
-        virtual ~cDebugInfo();
+        ~cDebugInfo();
 
         nstd::cAsciiString const& creationTrace() const { return msCreationTrace; }
         /// Empty until the next start.

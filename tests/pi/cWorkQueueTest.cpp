@@ -1,104 +1,25 @@
 #include "nel_core/pi/cWorkQueue.h"
 
-#include <functional>
-#include <list>
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "nel_core/pi/cFDAIOData.h"
-#include "nel_core/pi/cLocalEventLoop.h"
 #include "nel_core/pi/cSystem.h"
 #include "nel_core/pi/cWqDebug.h"
 #include "nel_core/std/cBugException.h"
-#include "nel_core/std/cRuntimeException.h"
-#include "nel_core/ucs/cLIMessage.h"
 #include "tests/support/cDebugRecorder.h"
 #include "tests/support/cFakeClock.h"
-#include "tests/support/cFakeEvents.h"
-#include "tests/support/cSystemFixture.h"
-#include "tests/support/raisedBy.h"
+#include "tests/support/cQueueFixture.h"
 
 namespace {
 
 using npi::cWork;
 using npi::cWorkQueue;
 
-[[noreturn]] void fail(char const* text)
-{
-    nucs::cLIMessage message;
-    message << text;
-    throw nstd::cRuntimeException(message, nullptr, 0);
-}
-
-class cHandler : public nrmi::cConnectable {
-public:
-    explicit cHandler(std::function<void()> function) : mFunction(std::move(function)) { }
-    piVoid sltAction()
-    {
-        auto const function = mFunction;
-        function();
-        return piVoid();
-    }
-    piVoid sltError(nstd::cAbstractException const& error, bool fromDescendant)
-    {
-        errors.push_back(ntest::messageOf(error) + (fromDescendant ? " (descendant)" : ""));
-        return piVoid();
-    }
-    std::vector<std::string> errors;
-
-private:
-    std::function<void()> mFunction;
-};
-
-// A queue of its own with a processor that does not wait; handlers write into a log.
-class cWorkQueueTest : public ntest::cSystemFixture {
-public:
-    void SetUp() override
-    {
-        cSystemFixture::SetUp();
-        events = new ntest::cFakeEvents;
-        queue = std::make_unique<cWorkQueue>();
-        queue->setEvents(nstd::tAutoPtr<npi::cAbstractProcessEvents>(events));
-    }
-    void TearDown() override
-    {
-        queue.reset();
-        handlers.clear();
-        cSystemFixture::TearDown();
-    }
-
-    cHandler& on(cWork& work, std::function<void()> function)
-    {
-        handlers.emplace_back(std::move(function));
-        work.sigAction.connect(nrmi::slot(&handlers.back(), &cHandler::sltAction));
-        return handlers.back();
-    }
-    void logs(cWork& work, char name)
-    {
-        on(work, [this, name] { log += name; });
-    }
-    // A work of the queue's own that is due at once and logs its name.
-    nstd::tSharedObject<cWork> due(char name)
-    {
-        auto const work = queue->createJob();
-        logs(*work, name);
-        work->start();
-        return work;
-    }
-    static nstd::tAutoPtr<npi::cAbstractAIOData> descriptors()
-    {
-        return nstd::tAutoPtr<npi::cAbstractAIOData>(new npi::cFDAIOData);
-    }
-    unsigned int lastTimeout() const { return events->yields.empty() ? ~0u : events->yields.back().timeout; }
-
-    ntest::cFakeEvents* events = nullptr; // the queue's
-    std::unique_ptr<cWorkQueue> queue;
-    std::list<cHandler> handlers;
-    std::string log;
-};
+class cWorkQueueTest : public ntest::cQueueFixture { };
 
 TEST_F(cWorkQueueTest, aCycleTriggersWhatIsDueInOrderAndWaitsForTheNext)
 {
@@ -276,65 +197,17 @@ TEST_F(cWorkQueueTest, addingTwiceGivesOneEntryAndLeavingGivesNone)
     EXPECT_TRUE(ntest::raisedBy<nstd::cBugException>([&] { queue->addJob(nstd::tSharedObject<cWork>()); }));
 }
 
-TEST_F(cWorkQueueTest, aHandlerMayDoAnythingToAnyWork)
-{
-    struct {
-        char const* name;
-        std::function<void(cWorkQueueTest&, std::unique_ptr<cWork>&, nstd::tSharedObject<cWork>&)> act;
-        char const* log;
-    } const rows[] = {
-        {"destroy itself", [](auto&, auto& self, auto&) { self.reset(); }, "*b"},
-        {"remove itself", [](auto& t, auto& self, auto&) { t.queue->removeJob(*self); }, "*b"},
-        {"remove the next", [](auto& t, auto&, auto& next) { t.queue->removeJob(*next); }, "*"},
-        {"stop the next", [](auto&, auto&, auto& next) { next->stop(); }, "*"},
-        {"clear the queue", [](auto& t, auto&, auto&) { t.queue->clear(); }, "*"},
-        {"schedule another", [](auto& t, auto&, auto&) { t.due('n'); }, "*bn"},
-        {"run the queue inside", [](auto& t, auto&, auto&) { t.queue->processEvents(true); }, "*b"},
-        {"destroy itself in a nested run",
-         [](auto& t, auto& self, auto&) {
-             auto const killer = t.queue->createJob();
-             t.on(*killer, [&self] { self.reset(); });
-             killer->start();
-             t.queue->processEvents(true);
-             t.log += t.queue->current() ? 'C' : '0';
-         },
-         "*b0"},
-    };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.name);
-        log.clear();
-        auto first = std::make_unique<cWork>();
-        queue->addJob(*first);
-        nstd::tSharedObject<cWork> next;
-        on(*first, [&] {
-            log += '*';
-            EXPECT_EQ(queue->current(), first.get());
-            row.act(*this, first, next);
-        });
-        first->start();
-        next = due('b');
-        queue->processEvents(true);
-        EXPECT_EQ(log, row.log);
-        EXPECT_EQ(queue->current(), nullptr);
-        EXPECT_EQ(queue->level(), 0u);
-        first.reset();
-        queue->clear(); // a stopped task does not leave by itself
-        queue->processEvents(true);
-        EXPECT_TRUE(queue->jobs().empty());
-    }
-}
-
 TEST_F(cWorkQueueTest, whatAHandlerSchedulesIsItsChildAndItsErrorsComeToTheParent)
 {
     cWork parent;
     queue->addJob(parent);
     nstd::tSharedObject<cWork> child;
-    cHandler& handler = on(parent, [&] {
+    auto& handler = on(parent, [&] {
         child = queue->createJob();
-        on(*child, [] { fail("broken"); });
+        on(*child, [] { ntest::fail("broken"); });
         child->start();
     });
-    parent.sigActionError().connect(nrmi::slot(&handler, &cHandler::sltError));
+    parent.sigActionError().connect(nrmi::slot(&handler, &ntest::cWorkSlots::sltError));
     parent.start();
     ntest::cDebugRecorder recorder;
     queue->processEvents(true);
@@ -343,33 +216,17 @@ TEST_F(cWorkQueueTest, whatAHandlerSchedulesIsItsChildAndItsErrorsComeToTheParen
     EXPECT_EQ(handler.errors, std::vector<std::string>{"broken (descendant)"});
 }
 
-TEST_F(cWorkQueueTest, anErrorThatNobodyTakesEndsTheCycleAndLeavesEverythingInOrder)
-{
-    cWork work;
-    queue->addJob(work);
-    on(work, [] { fail("broken"); });
-    work.start();
-    due('b');
-    ntest::cDebugRecorder recorder;
-    EXPECT_TRUE(ntest::raisedBy<nstd::cRuntimeException>([&] { queue->processEvents(true); }));
-    EXPECT_EQ(queue->level(), 0u);
-    EXPECT_EQ(queue->current(), nullptr);
-    EXPECT_EQ(queue->jobs().size(), 2u);
-    queue->processEvents(true);
-    EXPECT_EQ(log, "b");
-}
-
 TEST_F(cWorkQueueTest, theFourthTriggerOfAFailingWorkStopsIt)
 {
     cWork work;
     work.setName("wild");
     queue->addJob(work);
     unsigned int runs = 0;
-    cHandler& handler = on(work, [&] {
+    auto& handler = on(work, [&] {
         ++runs;
-        fail("broken");
+        ntest::fail("broken");
     });
-    work.sigActionError().connect(nrmi::slot(&handler, &cHandler::sltError));
+    work.sigActionError().connect(nrmi::slot(&handler, &ntest::cWorkSlots::sltError));
     work.start(0, cWork::Periodic);
     ntest::cDebugRecorder recorder;
     for (int i = 0; i < 3; ++i)
@@ -382,21 +239,6 @@ TEST_F(cWorkQueueTest, theFourthTriggerOfAFailingWorkStopsIt)
     EXPECT_EQ(queue->jobs().size(), 1u);
     queue->processEvents(true);
     EXPECT_EQ(runs, 3u);
-}
-
-TEST_F(cWorkQueueTest, anEntryThatWasIdleWhenItRanIsKeptIfItIsStartedBeforeTheEndOfThePass)
-{
-    auto const first = due('a');
-    auto const second = due('b');
-    on(*second, [&] {
-        if (log.size() < 3)
-            first->start();
-    });
-    queue->processEvents(true);
-    EXPECT_EQ(queue->jobs().size(), 1u);
-    queue->processEvents(true);
-    EXPECT_EQ(log, "aba");
-    EXPECT_TRUE(queue->jobs().empty());
 }
 
 TEST_F(cWorkQueueTest, descriptorsGetTheirTurnBesideAWorkThatIsAlwaysDue)
@@ -412,25 +254,6 @@ TEST_F(cWorkQueueTest, descriptorsGetTheirTurnBesideAWorkThatIsAlwaysDue)
         EXPECT_EQ(events->yields[i].timeout, i % 65 == 64 ? 1u : 0u) << i;
 }
 
-TEST_F(cWorkQueueTest, aProcessorThatIsReplacedInItsWaitOutlivesIt)
-{
-    auto* const replacement = new ntest::cFakeEvents;
-    cWork io;
-    queue->addJob(io);
-    logs(io, 'i');
-    io.setAIOData(descriptors());
-    events->onYield = [&] {
-        queue->setEvents(nstd::tAutoPtr<npi::cAbstractProcessEvents>(replacement));
-        io.aioData().setEvent(true);
-        events->sigFinished(); // still there, but of no concern any more
-    };
-    queue->processEvents(true);
-    EXPECT_EQ(log, "");
-    queue->processEvents(true);
-    EXPECT_EQ(log, "i");
-    EXPECT_EQ(replacement->yields.size(), 1u);
-}
-
 TEST_F(cWorkQueueTest, changesWakeTheProcessorOrRunAnAsynchronousOne)
 {
     cWork work;
@@ -441,13 +264,6 @@ TEST_F(cWorkQueueTest, changesWakeTheProcessorOrRunAnAsynchronousOne)
     unsigned int const before = events->wakeUps;
     queue->processEvents(true);
     EXPECT_EQ(events->wakeUps, before) << "inside of a pass, without a local loop";
-    {
-        npi::cLocalEventLoop const loop(queue.get());
-        work.start();
-        unsigned int const outside = events->wakeUps;
-        queue->processEvents(true);
-        EXPECT_GT(events->wakeUps, outside);
-    }
 
     events->isLoop = true;
     events->yields.clear();
@@ -456,12 +272,20 @@ TEST_F(cWorkQueueTest, changesWakeTheProcessorOrRunAnAsynchronousOne)
     queue->process();
     EXPECT_EQ(events->polls, 1u);
     events->sigFinished();
-    EXPECT_EQ(log, "nnn");
+    EXPECT_EQ(log, "nn");
+
+    events->onYield = [] { ntest::fail("broken"); };
+    auto const entries = queue->jobs().size();
+    EXPECT_TRUE(ntest::raisedBy<nstd::cRuntimeException>([&] { queue->createJob(); }));
+    queue->clear();
+    EXPECT_EQ(queue->jobs().size(), entries + 1);
+    EXPECT_TRUE(
+        std::none_of(queue->jobs().begin(), queue->jobs().end(), [](auto const& job) { return !!job; }));
 }
 
 TEST_F(cWorkQueueTest, withoutAProcessorNothingRuns)
 {
-    queue->setEvents(nstd::tAutoPtr<npi::cAbstractProcessEvents>());
+    setEvents(nullptr);
     queue->process();
     cWork work;
     queue->addJob(work);
@@ -473,15 +297,6 @@ TEST_F(cWorkQueueTest, withoutAProcessorNothingRuns)
     EXPECT_EQ(recorder.lines()[0], "*** WORKQUEUE HAS BEEN FOUND A BUG ***");
     EXPECT_EQ(recorder.lines()[1], "WorkQueue status:");
     EXPECT_EQ(recorder.lines()[2], "No event processor!");
-}
-
-TEST_F(cWorkQueueTest, aQueueMayDieBeforeItsWorks)
-{
-    cWork work;
-    queue->addJob(work);
-    queue.reset();
-    work.start();
-    EXPECT_TRUE(work.isStarted());
 }
 
 TEST_F(cWorkQueueTest, theWallClockMayJump)
@@ -573,11 +388,12 @@ TEST_F(cWorkQueueTest, theGraphShowsNodesAndEdges)
 
 TEST_F(cWorkQueueTest, theSystemsQueueIsScheduledByFreeFunctions)
 {
-    cHandler handler([this] { log += 'x'; });
+    ntest::cWorkSlots handler;
+    handler.onAction = [this] { log += 'x'; };
     ntest::cDebugRecorder recorder;
-    auto const once = npi::schedule(nrmi::slot(&handler, &cHandler::sltAction), 0, "once");
+    auto const once = npi::schedule(nrmi::slot(&handler, &ntest::cWorkSlots::sltAction), 0, "once");
     auto const nameless =
-        npi::schedule(nrmi::slot(&handler, &cHandler::sltAction), 60000, cWork::Periodic, nullptr);
+        npi::schedule(nrmi::slot(&handler, &ntest::cWorkSlots::sltAction), 60000, cWork::Periodic, nullptr);
     auto const given = npi::schedule(nstd::tAutoPtr<cWork>(new cWork));
     cWork ours;
     EXPECT_EQ(&npi::schedule(ours), &ours);

@@ -1,6 +1,5 @@
 #include "nel_core/pi/cWork.h"
 
-#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -8,67 +7,14 @@
 
 #include <gtest/gtest.h>
 
-#include "nel_core/pi/cFDAIOData.h"
-#include "nel_core/pi/cSystem.h"
-#include "nel_core/rmi/cConnectable.h"
 #include "nel_core/std/cBugException.h"
-#include "nel_core/std/cRuntimeException.h"
-#include "nel_core/ucs/cLIMessage.h"
 #include "tests/support/cDebugRecorder.h"
-#include "tests/support/cSystemFixture.h"
-#include "tests/support/raisedBy.h"
+#include "tests/support/cQueueFixture.h"
 
 namespace {
 
 using npi::cWork;
-
-[[noreturn]] void fail(char const* text)
-{
-    nucs::cLIMessage message;
-    message << text;
-    throw nstd::cRuntimeException(message, nullptr, 0);
-}
-
-// Runs functions as the slots of works.
-class cHandlers : public nrmi::cConnectable {
-public:
-    piVoid sltAction()
-    {
-        auto const call = onAction; // which may go with this object
-        call();
-        return piVoid();
-    }
-    piVoid sltError(nstd::cAbstractException const& error, bool fromDescendant)
-    {
-        errors.push_back(ntest::messageOf(error) + (fromDescendant ? " (descendant)" : ""));
-        auto const call = onError;
-        call();
-        return piVoid();
-    }
-    piVoid sltChanged(cWork* work)
-    {
-        changes += work->isStarted() ? 's' : '-';
-        return piVoid();
-    }
-    piVoid sltDestroyed(cWork const&)
-    {
-        changes += 'd';
-        onDestroyed();
-        return piVoid();
-    }
-
-    void listen(cWork& work)
-    {
-        work.sigChanged.connect(nrmi::slot(this, &cHandlers::sltChanged));
-        work.sigDestroyed().connect(nrmi::slot(this, &cHandlers::sltDestroyed));
-    }
-
-    std::function<void()> onAction = [] {};
-    std::function<void()> onError = [] {};
-    std::function<void()> onDestroyed = [] {};
-    std::vector<std::string> errors;
-    std::string changes;
-};
+using ntest::cWorkSlots;
 
 class cWorkTest : public ntest::cSystemFixture { };
 
@@ -128,7 +74,7 @@ TEST_F(cWorkTest, schedulingChangesStateTypeAndIntervalAndTellsOfIt)
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.name);
-        cHandlers handlers;
+        cWorkSlots handlers;
         cWork work;
         handlers.listen(work);
         row.change(work);
@@ -157,16 +103,15 @@ TEST_F(cWorkTest, ioDataIsAskedForByReferenceOrPointer)
 
 TEST_F(cWorkTest, anErrorGoesUpTheTreeToTheFirstHandlerThatReturns)
 {
-    cHandlers own, father, grandfather;
+    cWorkSlots own, father, grandfather;
     cWork top, middle, work;
     middle.reparent(&top);
     work.reparent(&middle);
-    work.sigAction.connect(nrmi::slot(&own, &cHandlers::sltAction));
-    work.sigActionError().connect(nrmi::slot(&own, &cHandlers::sltError));
+    own.handle(work);
     middle.sigActionError(); // nothing connected
-    top.sigActionError().connect(nrmi::slot(&grandfather, &cHandlers::sltError));
+    top.sigActionError().connect(nrmi::slot(&grandfather, &cWorkSlots::sltError));
     work.setName("child");
-    own.onAction = [] { fail("broken"); };
+    own.onAction = [] { ntest::fail("broken"); };
 
     ntest::cDebugRecorder recorder;
     work.action();
@@ -183,7 +128,7 @@ TEST_F(cWorkTest, anErrorGoesUpTheTreeToTheFirstHandlerThatReturns)
     EXPECT_EQ(recorder.count("digraph G {"), 1u);
     EXPECT_EQ(recorder.count("Checking handler in "), 3u);
 
-    grandfather.onError = [] { fail("nobody can help"); };
+    grandfather.onError = [] { ntest::fail("nobody can help"); };
     auto const error = ntest::raisedBy<nstd::cRuntimeException>([&] { work.action(); });
     ASSERT_TRUE(error);
     EXPECT_EQ(ntest::messageOf(*error), "broken");
@@ -192,25 +137,24 @@ TEST_F(cWorkTest, anErrorGoesUpTheTreeToTheFirstHandlerThatReturns)
 
 TEST_F(cWorkTest, whatIsNoFrameworkExceptionReachesHandlersAsOneAndTheCallerAsItIs)
 {
-    cHandlers handlers;
+    cWorkSlots handlers;
     cWork work;
     work.setName("legacy");
-    work.sigAction.connect(nrmi::slot(&handlers, &cHandlers::sltAction));
+    work.sigAction.connect(nrmi::slot(&handlers, &cWorkSlots::sltAction));
     handlers.onAction = [] { throw 7; };
     EXPECT_THROW(work.action(), int);
-    work.sigActionError().connect(nrmi::slot(&handlers, &cHandlers::sltError));
+    work.sigActionError().connect(nrmi::slot(&handlers, &cWorkSlots::sltError));
     work.action();
     EXPECT_EQ(handlers.errors, std::vector<std::string>{"Error performing work legacy!"});
 }
 
 TEST_F(cWorkTest, failuresInARowMakeAmuckAndASuccessOrAStartForgivesThem)
 {
-    cHandlers handlers;
+    cWorkSlots handlers;
     cWork work;
-    work.sigAction.connect(nrmi::slot(&handlers, &cHandlers::sltAction));
-    work.sigActionError().connect(nrmi::slot(&handlers, &cHandlers::sltError));
+    handlers.handle(work);
     auto const failTimes = [&](int count) {
-        handlers.onAction = [] { fail("broken"); };
+        handlers.onAction = [] { ntest::fail("broken"); };
         for (int i = 0; i < count; ++i)
             work.action();
     };
@@ -240,14 +184,13 @@ TEST_F(cWorkTest, aHandlerMayDestroyItsWork)
     } const rows[] = {{"and return", false}, {"and raise", true}};
     for (auto const& row : rows) {
         SCOPED_TRACE(row.name);
-        cHandlers handlers;
+        cWorkSlots handlers;
         auto work = std::make_unique<cWork>();
-        work->sigAction.connect(nrmi::slot(&handlers, &cHandlers::sltAction));
-        work->sigActionError().connect(nrmi::slot(&handlers, &cHandlers::sltError));
+        handlers.handle(*work);
         handlers.onAction = [&] {
             work.reset();
             if (row.throws)
-                fail("after the end");
+                ntest::fail("after the end");
         };
         if (row.throws)
             EXPECT_THROW(work->action(), nstd::cRuntimeException);
@@ -257,26 +200,25 @@ TEST_F(cWorkTest, aHandlerMayDestroyItsWork)
         EXPECT_TRUE(handlers.errors.empty());
     }
     // An action-error handler that destroys the work and fails.
-    cHandlers handlers;
+    cWorkSlots handlers;
     auto work = std::make_unique<cWork>();
-    work->sigAction.connect(nrmi::slot(&handlers, &cHandlers::sltAction));
-    work->sigActionError().connect(nrmi::slot(&handlers, &cHandlers::sltError));
-    handlers.onAction = [] { fail("broken"); };
+    handlers.handle(*work);
+    handlers.onAction = [] { ntest::fail("broken"); };
     handlers.onError = [&] {
         work.reset();
-        fail("no help");
+        ntest::fail("no help");
     };
     EXPECT_THROW(work->action(), nstd::cRuntimeException);
 }
 
 TEST_F(cWorkTest, aDyingWorkTellsOfItAndLeavesItsChildrenToItsParent)
 {
-    cHandlers handlers;
+    cWorkSlots handlers;
     cWork root, child;
     {
         cWork work;
         handlers.listen(work);
-        handlers.onDestroyed = [] { fail("a slot that fails does no harm"); };
+        handlers.onDestroyed = [] { ntest::fail("a slot that fails does no harm"); };
         work.reparent(&root);
         child.reparent(&work);
         work.reparent(&child); // would close a ring

@@ -1,0 +1,115 @@
+// What a pass costs for each work that is not due, and a one-shot work from scheduling to its end.
+
+#include <cstdlib>
+#include <deque>
+#include <malloc.h>
+#include <new>
+
+#include <benchmark/benchmark.h>
+
+#include "nel_core/pi/cAbstractProcessEvents.h"
+#include "nel_core/pi/cSystem.h"
+#include "nel_core/pi/cWorkQueue.h"
+
+namespace {
+
+unsigned long long gAllocations = 0;
+
+} // namespace
+
+// Not inline: the compiler would complain of malloc() beside operator delete.
+[[gnu::noinline]] void* operator new(std::size_t size)
+{
+    ++gAllocations;
+    if (void* const memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+
+[[gnu::noinline]] void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace {
+
+constexpr unsigned int kHour = 3600 * 1000; // milliseconds
+
+// Never waits.
+class cNoWait : public npi::cAbstractProcessEvents {
+public:
+    bool supportsAIO() const override { return true; }
+    bool isAsynchronous() const override { return false; }
+    void yield(unsigned int, nstd::tList<nstd::tSharedObject<npi::cWork>>&, unsigned int) override { }
+    void wakeUp() override { }
+};
+
+class cCounter : public nrmi::cConnectable {
+public:
+    piVoid sltCount()
+    {
+        ++miCount;
+        return piVoid();
+    }
+
+    long long miCount = 0;
+};
+
+void setTimeForEach(benchmark::State& state, double count)
+{
+    state.counters["each"] = benchmark::Counter(count, benchmark::Counter::kIsIterationInvariantRate
+                                                           | benchmark::Counter::kInvert);
+}
+
+void passOverIdleWorks(benchmark::State& state)
+{
+    npi::cWorkQueue queue;
+    queue.setEvents(nstd::tAutoPtr<npi::cAbstractProcessEvents>(new cNoWait));
+    std::deque<npi::cWork> works(static_cast<std::size_t>(state.range(0)));
+    for (auto& work : works) {
+        queue.addJob(work);
+        work.start(kHour, npi::cWork::Periodic);
+    }
+    queue.processEvents(true);
+
+    auto const allocations = gAllocations;
+    auto const memory = mallinfo2().uordblks;
+    for (auto _ : state) {
+        if (queue.processEvents(true) != works.size())
+            state.SkipWithError("a pass missed a work");
+    }
+    if (gAllocations != allocations || mallinfo2().uordblks != memory)
+        state.SkipWithError("a pass allocated memory");
+    setTimeForEach(state, static_cast<double>(works.size()));
+}
+
+void scheduleAndRun(cCounter& counter, long long count)
+{
+    for (long long i = 0; i < count; ++i)
+        npi::schedule(nrmi::slot(&counter, &cCounter::sltCount), 0, "x");
+    npi::cSystem::exec();
+}
+
+void oneShotWorks(benchmark::State& state)
+{
+    cCounter counter;
+    scheduleAndRun(counter, state.range(0)); // fills the allocator's caches
+    auto const memory = mallinfo2().uordblks;
+    for (auto _ : state)
+        scheduleAndRun(counter, state.range(0));
+    if (counter.miCount != static_cast<long long>(state.iterations() + 1) * state.range(0))
+        state.SkipWithError("a work was not run once");
+    if (!npi::system().workQueue.jobs().empty() || mallinfo2().uordblks != memory)
+        state.SkipWithError("memory has not come back");
+    setTimeForEach(state, static_cast<double>(state.range(0)));
+}
+
+BENCHMARK(passOverIdleWorks)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(oneShotWorks)->Arg(1)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+} // namespace

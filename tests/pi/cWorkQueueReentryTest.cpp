@@ -1,0 +1,208 @@
+#include "nel_core/pi/cWorkQueue.h"
+
+#include <functional>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/cDebugRecorder.h"
+#include "tests/support/cQueueFixture.h"
+
+// What slots and handlers may do to the queue that calls them.
+namespace {
+
+using npi::cWork;
+
+class cWorkQueueReentryTest : public ntest::cQueueFixture { };
+
+TEST_F(cWorkQueueReentryTest, aHandlerMayDoAnythingToAnyWork)
+{
+    struct {
+        char const* name;
+        std::function<void(cWorkQueueReentryTest&, std::unique_ptr<cWork>&, nstd::tSharedObject<cWork>&)> act;
+        char const* log;
+    } const rows[] = {
+        {"destroy itself", [](auto&, auto& self, auto&) { self.reset(); }, "*b"},
+        {"remove itself", [](auto& t, auto& self, auto&) { t.queue->removeJob(*self); }, "*b"},
+        {"remove the next", [](auto& t, auto&, auto& next) { t.queue->removeJob(*next); }, "*"},
+        {"stop the next", [](auto&, auto&, auto& next) { next->stop(); }, "*"},
+        {"clear the queue", [](auto& t, auto&, auto&) { t.queue->clear(); }, "*"},
+        {"schedule another", [](auto& t, auto&, auto&) { t.due('n'); }, "*bn"},
+        {"run the queue inside", [](auto& t, auto&, auto&) { t.queue->processEvents(true); }, "*b"},
+        {"take the processor away",
+         [](auto& t, auto& self, auto&) {
+             self->start();
+             t.setEvents(nullptr);
+         },
+         "*"},
+        {"end the life of a running work of the queue's own",
+         [](auto& t, auto&, auto&) {
+             auto doomed = t.due('d');
+             t.on(*doomed, [&t, handle = doomed]() mutable {
+                 handle.invalidateObject();
+                 t.log += t.queue->current() ? 'C' : '0';
+                 t.queue->createJob();
+             });
+             t.queue->processEvents(true);
+         },
+         "*bd0"},
+        {"destroy itself in a nested run",
+         [](auto& t, auto& self, auto&) {
+             auto const killer = t.queue->createJob();
+             t.on(*killer, [&self] { self.reset(); });
+             killer->start();
+             t.queue->processEvents(true);
+             t.log += t.queue->current() ? 'C' : '0';
+         },
+         "*b0"},
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.name);
+        log.clear();
+        auto first = std::make_unique<cWork>();
+        queue->addJob(*first);
+        nstd::tSharedObject<cWork> next;
+        on(*first, [&] {
+            log += '*';
+            EXPECT_EQ(queue->current(), first.get());
+            row.act(*this, first, next);
+        });
+        first->start();
+        next = due('b');
+        queue->processEvents(true);
+        EXPECT_EQ(log, row.log);
+        EXPECT_EQ(queue->current(), nullptr);
+        EXPECT_EQ(queue->level(), 0u);
+        first.reset();
+        queue->clear(); // a stopped task does not leave by itself
+        setEvents(new ntest::cFakeEvents);
+        queue->processEvents(true);
+        EXPECT_TRUE(queue->jobs().empty());
+    }
+}
+
+TEST_F(cWorkQueueReentryTest, aNestedPassDoesNotHideAChangeFromTheOuterOne)
+{
+    cWork early, late;
+    queue->addJob(early);
+    queue->addJob(late);
+    on(late, [&] {
+        early.start(100, cWork::Periodic); // its entry has been passed over
+        queue->processEvents(true);
+    });
+    late.start();
+    queue->processEvents(true);
+    EXPECT_LE(lastTimeout(), 100u);
+    EXPECT_EQ(events->yields.size(), 2u) << "the outer cycle waits, too";
+}
+
+TEST_F(cWorkQueueReentryTest, aWorkThatHasLeftIsNotWaitedFor)
+{
+    cWork early, late;
+    queue->addJob(early);
+    queue->addJob(late);
+    early.start(60000, cWork::Periodic);
+    on(late, [&] { queue->clear(); });
+    late.start();
+    EXPECT_EQ(queue->processEvents(true), 0u);
+    EXPECT_TRUE(events->yields.empty());
+}
+
+// Where slots of sigChanged and sigDestroyed() change the queue under its own hands.
+TEST_F(cWorkQueueReentryTest, slotsOfAChangedOrDyingWorkMayChangeTheQueue)
+{
+    ntest::cWorkSlots dying;
+
+    // A periodic work that is taken out and deleted when the queue plans it anew.
+    auto work = std::make_unique<cWork>();
+    queue->addJob(*work);
+    logs(*work, 'x');
+    work->start(0, cWork::Periodic);
+    dying.listen(*work);
+    dying.onChanged = [&] {
+        dying.onChanged = nullptr;
+        queue->removeJob(*work);
+        work.reset();
+    };
+    EXPECT_EQ(queue->processEvents(true), 0u);
+
+    // A work whose successor is scheduled whenever it dies: in a purge, in clear(), in the destructor.
+    unsigned int made = 0;
+    dying.onDestroyed = [&, &works = *queue] {
+        ++made;
+        auto const next = works.createJob();
+        dying.listen(*next);
+        next->start();
+    };
+    dying.onDestroyed();
+    queue->processEvents(true);
+    EXPECT_EQ(made, 2u);
+    queue->clear();
+    EXPECT_EQ(made, 3u);
+    EXPECT_EQ(log, "");
+    ntest::cDebugRecorder recorder;
+    queue.reset();
+    EXPECT_EQ(made, 4u);
+    EXPECT_EQ(recorder.count("cWorkQueue::addJob()"), 1u) << "a dying queue takes no work";
+}
+
+TEST_F(cWorkQueueReentryTest, anErrorThatNobodyTakesEndsTheCycleAndLeavesEverythingInOrder)
+{
+    cWork work;
+    queue->addJob(work);
+    on(work, [] { ntest::fail("broken"); });
+    work.start();
+    due('b');
+    ntest::cDebugRecorder recorder;
+    EXPECT_TRUE(ntest::raisedBy<nstd::cRuntimeException>([&] { queue->processEvents(true); }));
+    EXPECT_EQ(queue->level(), 0u);
+    EXPECT_EQ(queue->current(), nullptr);
+    EXPECT_EQ(queue->jobs().size(), 2u);
+    queue->processEvents(true);
+    EXPECT_EQ(log, "b");
+}
+
+TEST_F(cWorkQueueReentryTest, anEntryThatWasIdleWhenItRanIsKeptIfItIsStartedBeforeTheEndOfThePass)
+{
+    auto const first = due('a');
+    auto const second = due('b');
+    on(*second, [&] {
+        if (log.size() < 3)
+            first->start();
+    });
+    queue->processEvents(true);
+    EXPECT_EQ(queue->jobs().size(), 1u);
+    queue->processEvents(true);
+    EXPECT_EQ(log, "aba");
+    EXPECT_TRUE(queue->jobs().empty());
+}
+
+TEST_F(cWorkQueueReentryTest, aProcessorThatIsReplacedInItsWaitOutlivesIt)
+{
+    auto* const old = events;
+    cWork io;
+    queue->addJob(io);
+    logs(io, 'i');
+    io.setAIOData(descriptors());
+    old->onYield = [&] {
+        setEvents(new ntest::cFakeEvents);
+        io.aioData().setEvent(true);
+        old->sigFinished(); // still there, but of no concern any more
+    };
+    queue->processEvents(true);
+    EXPECT_EQ(log, "");
+    queue->processEvents(true);
+    EXPECT_EQ(log, "i");
+    EXPECT_EQ(events->yields.size(), 1u);
+}
+
+TEST_F(cWorkQueueReentryTest, aQueueMayDieBeforeItsWorks)
+{
+    cWork work;
+    queue->addJob(work);
+    queue.reset();
+    work.start();
+    EXPECT_TRUE(work.isStarted());
+}
+
+} // namespace
