@@ -89,7 +89,7 @@ cAbstractSlotCall* cAbstractLocalSignal::takeCallsOf(cConnectable const& object)
     for (auto** link = &mpFirst; *link;) {
         auto* const call = *link;
         if (call->matchSlotOfObject(&object)) {
-            stepOver(mpEmission, *call);
+            stepOver(*call);
             *link = call->mpNext;
             call->mpNext = taken;
             taken = call;
@@ -102,11 +102,10 @@ cAbstractSlotCall* cAbstractLocalSignal::takeCallsOf(cConnectable const& object)
     return taken;
 }
 
-// The emissions that would go on with the call go on behind it: it has been made by an inner one, or it is
-// about to leave.
-void cAbstractLocalSignal::stepOver(cEmission* emission, cAbstractSlotCall const& call) noexcept
+// The emissions that would go on with a call that leaves go on behind it.
+void cAbstractLocalSignal::stepOver(cAbstractSlotCall const& call) noexcept
 {
-    for (; emission; emission = emission->mpOuter) {
+    for (auto* emission = mpEmission; emission; emission = emission->mpOuter) {
         if (emission->mpNext == &call)
             emission->mpNext = call.mpNext;
     }
@@ -119,6 +118,22 @@ void cAbstractLocalSignal::destroy(cAbstractSlotCall* calls) noexcept
         calls = call->mpNext;
         delete call;
     }
+}
+
+// The emissions around this one leave out what it calls from now on, and that only.
+void cAbstractLocalSignal::cEmission::renewMarks() noexcept
+{
+    ++mpSignal->miMark;
+    for (auto* emission = this; emission; emission = emission->mpOuter)
+        emission->miMark = mpSignal->miMark;
+}
+
+void cAbstractLocalSignal::cEmission::markNext() noexcept
+{
+    while (mpNext && mpNext->miMark == miMark)
+        mpNext = mpNext->mpNext;
+    if (mpNext)
+        mpNext->miMark = miMark;
 }
 
 } // namespace nrmi

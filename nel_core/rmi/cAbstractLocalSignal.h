@@ -9,8 +9,9 @@ namespace nrmi {
 ///
 /// A slot may connect and disconnect calls of the running signal, emit it again, and delete the signal, its
 /// own object or any other: a call is made at most once by an emission; one that is appended meanwhile is
-/// made, one that is prepended or removed is not; a nested emission leaves nothing to do for the outer ones;
-/// and when the signal dies its emissions end. An idle signal holds no memory, and an emission takes none.
+/// made, one that is prepended or removed is not; what the latest nested emission has called, the outer
+/// ones leave out; and when the signal dies its emissions end. An unconnected signal holds no memory,
+/// and an emission takes none.
 class NEL_EXPORT cAbstractLocalSignal : public cAbstractSignal {
 public:
     /// Deletes the slot calls. Within an emission of the signal that is most likely a mistake: it writes a
@@ -28,6 +29,9 @@ public:
 protected:
     /// A running emission and its place in the slot calls. Lives on the stack, linked to the emission around
     /// it, so that the signal can move the place when calls go, and can tell that it is gone itself.
+    ///
+    /// Once emissions are nested they mark what they call, all with the number of the latest one, and leave
+    /// out what bears that mark: a new number takes all marks away.
     class cEmission {
     public:
         // The compiler cannot see that the destructor takes the address back wherever the signal still lives.
@@ -41,6 +45,8 @@ protected:
               mpNext(signal.mpFirst)
         {
             signal.mpEmission = this;
+            if (mpOuter)
+                renewMarks();
         }
 #if __GNUC__ >= 12
 #pragma GCC diagnostic pop
@@ -56,21 +62,24 @@ protected:
         /// Steps over the next call and returns it; null when there is none, or no signal any more.
         cAbstractSlotCall* takeNext() noexcept
         {
+            if (miMark != 0)
+                markNext();
             auto* const call = mpNext;
-            if (call) {
+            if (call)
                 mpNext = call->mpNext;
-                if (mpOuter)
-                    stepOver(mpOuter, *call);
-            }
             return call;
         }
 
     private:
         friend class cAbstractLocalSignal;
 
+        void renewMarks() noexcept;
+        void markNext() noexcept;
+
         cAbstractLocalSignal* mpSignal; ///< null once the signal is gone
         cEmission* mpOuter;
-        cAbstractSlotCall* mpNext; ///< null at the end
+        cAbstractSlotCall* mpNext;     ///< null at the end
+        unsigned long long miMark = 0; ///< 0 while this emission is the only one
     };
 
     cAbstractLocalSignal() = default;
@@ -85,12 +94,13 @@ private:
     void append(cAbstractSlotCall& call) noexcept;
     void prepend(cAbstractSlotCall& call) noexcept;
     cAbstractSlotCall* takeCallsOf(cConnectable const& object);
-    static void stepOver(cEmission* emission, cAbstractSlotCall const& call) noexcept;
+    void stepOver(cAbstractSlotCall const& call) noexcept;
     static void destroy(cAbstractSlotCall* calls) noexcept;
 
     cAbstractSlotCall* mpFirst = nullptr; ///< owned, linked in calling order
     cAbstractSlotCall* mpLast = nullptr;
     cEmission* mpEmission = nullptr; ///< the innermost running one
+    unsigned long long miMark = 0;   ///< the number of nested emissions so far
 };
 
 } // namespace nrmi

@@ -34,10 +34,12 @@ public:
     /// Exchanges the invocation behaviours and nothing else.
     void swap(cAbstractSignal& other) noexcept;
 
+    /// What an emission does when no slot is connected; at first it raises.
     InvocationBehavior invocationBehavior() const noexcept { return meInvocationBehavior; }
+    /// Sets invocationBehavior().
     void setInvocationBehavior(InvocationBehavior behavior) noexcept { meInvocationBehavior = behavior; }
 
-    /// A dying connectable asks the signal to drop all calls of it.
+    /// Does what disconnect() does; called by a dying connectable.
     virtual void notifyConnectableDestroyed(cConnectable& object) = 0;
     /// Connects the slot of `object` that has the given name.
     virtual void connect(cConnectable& object, nstd::cAsciiString const& slotName,

@@ -32,6 +32,7 @@ private:
     cConnectable* mpObject;              ///< not owned; it drops its calls before it dies
     cSignalEntry mEntry;                 ///< in the object's list while connected
     cAbstractSlotCall* mpNext = nullptr; ///< the call that the signal makes after this one
+    unsigned long long miMark = 0;       ///< of the nested emissions that have made this call
 };
 
 } // namespace nrmi

@@ -42,7 +42,8 @@ public:
     /// Detaches the object from all signals.
     virtual ~cConnectable();
 
-    /// Appends an entry for a signal that holds a call of this object.
+    /// Appends an entry for a signal that holds a call of this object. Connected slot calls see to theirs
+    /// themselves; any other stays until notifySignalDetached(), which comes before the signal dies.
     void notifySignalAttached(cAbstractSignal& signal);
     /// Removes every entry for the signal, except while detachAllSignals() runs, which sees to it itself.
     void notifySignalDetached(cAbstractSignal& signal) noexcept;
@@ -57,8 +58,9 @@ public:
     /// Whether the slot call is one of this object.
     bool operator==(cAbstractSlotCall const* call) const;
 
-    /// A number kept for the owner.
+    /// A number kept for the owner; 0 at first.
     unsigned int index() const noexcept { return miIndex; }
+    /// Sets index().
     void setIndex(unsigned int index) noexcept { miIndex = index; }
 
 private:

@@ -9,6 +9,7 @@ namespace nrmi {
 template<typename R, typename... A>
 class tInvokableSignal : public cAbstractLocalSignal {
 public:
+    /// Emits; returns a default `R`.
     virtual R invoke(A... args) = 0;
 };
 

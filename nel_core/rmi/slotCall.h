@@ -26,7 +26,9 @@ public:
 
     /// Calls the slot and returns its result. The slot may delete this call, its object and its signal.
     virtual R call() const = 0;
+    /// The types of the arguments as text: none.
     virtual nstd::cAsciiString parametersTypeString() const { return nstd::cAsciiString(); }
+    /// The return type as text.
     virtual nstd::cAsciiString returnTypeString() const { return nstd::cAsciiString("piVoid"); }
 };
 
@@ -55,6 +57,7 @@ public:
     {
     }
 
+    /// Calls the member function on the object.
     R call(A... args) const override
     {
         // Nothing of this call is used once the slot runs, which may have deleted it.

@@ -15,12 +15,14 @@ class NEL_EXPORT cDate {
 public:
     /// Today in local time.
     cDate();
+    /// A day by its date.
     cDate(unsigned int day, unsigned int month, unsigned int year);
     /// The day that many days after 0001-01-01.
     explicit cDate(unsigned long long daysPast);
     /// The day of an absolute UTC time. Counts near 2^64 are times before 1970.
     explicit cDate(cTime const& utc);
 
+    /// The parts of the date, each from 1 on.
     unsigned int day() const noexcept { return miDay; }
     unsigned int month() const noexcept { return miMonth; }
     unsigned int year() const noexcept { return miYear; }
@@ -34,13 +36,16 @@ public:
 
     /// Monday = 0 to Sunday = 6.
     unsigned int dayOfWeek() const noexcept;
+    /// Their names, three letters each.
     cAsciiString nameOfDay() const;
     cAsciiString nameOfMonth() const;
 
+    /// The date that many days later or earlier.
     cDate operator+(unsigned int days) const;
     cDate operator-(unsigned int days) const;
     /// The number of days between the two, whichever is the later one.
     unsigned int operator-(cDate const& other) const noexcept;
+    /// Compare the days.
     bool operator==(cDate const& other) const noexcept { return miDaysPast == other.miDaysPast; }
     bool operator!=(cDate const& other) const noexcept { return miDaysPast != other.miDaysPast; }
     bool operator<(cDate const& other) const noexcept { return miDaysPast < other.miDaysPast; }
@@ -57,8 +62,10 @@ public:
     /// 53 when the year begins or ends on a Thursday, else 52.
     static unsigned int calenderWeeksPerYear(unsigned int year) noexcept;
 
+    /// Whether the year has 366 days: up to 1582 every fourth one has, then all centuries but every fourth
+    /// are left out.
     static bool isLeapYear(unsigned int year) noexcept;
-    /// Raises nstd::cBugException for a month outside of 1 to 12.
+    /// 28 to 31, also for October 1582. Raises nstd::cBugException for a month outside of 1 to 12.
     static unsigned int daysPerMonth(unsigned int month, unsigned int year);
     /// The number of days from 0001-01-01 to the date. Raises nstd::cBugException for a date that does not
     /// exist, and out-of-bounds when the count does not fit.

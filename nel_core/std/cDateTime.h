@@ -16,14 +16,17 @@ public:
 
     /// Now.
     cDateTime() = default;
+    /// That time.
     explicit cDateTime(cTime const& time, ZoneInfo zone = ziNone);
     /// The time of the day `date`. Days before 1970 give counts modulo 2^64.
     cDateTime(cTime const& timeOfDay, cDate const& date, ZoneInfo zone = ziNone);
 
+    /// Exchanges the times.
     void swap(cDateTime& other) noexcept;
 
     /// The time that is held, which the other accessors read as UTC.
     cTime const& internTime() const noexcept { return mTime; }
+    /// The time and its day in UTC.
     cTime utcTime() const noexcept { return mTime; }
     cDate utcDate() const { return cDate(mTime); }
     /// UTC minus the zone offset, modulo 2^64.
@@ -37,6 +40,7 @@ public:
     cAsciiString formatString(cAsciiString const& format) const;
     static cAsciiString formatString(cTime const& time, cAsciiString const& format);
 
+    /// Compare the times.
     bool operator==(cDateTime const& other) const noexcept { return mTime == other.mTime; }
     bool operator!=(cDateTime const& other) const noexcept { return mTime != other.mTime; }
     bool operator<(cDateTime const& other) const noexcept { return mTime < other.mTime; }

@@ -11,6 +11,7 @@ class NEL_EXPORT cTime {
 public:
     /// Now.
     cTime();
+    /// A count of microseconds, or the sum of the parts.
     explicit constexpr cTime(unsigned long long us) noexcept : miTime(us) { }
     constexpr cTime(unsigned int sec, unsigned int usec) noexcept : miTime(sec * kSecond + usec) { }
     constexpr cTime(unsigned int h, unsigned int m, unsigned int s, unsigned int us) noexcept
@@ -20,6 +21,7 @@ public:
 
     /// The count.
     constexpr unsigned long long get() const noexcept { return miTime; }
+    /// Sets the count.
     constexpr void set(unsigned long long us) noexcept { miTime = us; }
 
     /// The whole time in one unit; parts of it are dropped.
@@ -43,6 +45,7 @@ public:
     {
         return cTime(miTime < other.miTime ? other.miTime - miTime : miTime - other.miTime);
     }
+    /// The sum of the two counts.
     constexpr cTime operator+(cTime const& other) const noexcept { return cTime(miTime + other.miTime); }
     /// This time shifted by microseconds.
     constexpr cTime operator+(long long us) const noexcept
@@ -54,6 +57,7 @@ public:
         return cTime(miTime - static_cast<unsigned long long>(us));
     }
 
+    /// Compare the counts.
     constexpr bool operator==(cTime const& other) const noexcept { return miTime == other.miTime; }
     constexpr bool operator!=(cTime const& other) const noexcept { return miTime != other.miTime; }
     constexpr bool operator<(cTime const& other) const noexcept { return miTime < other.miTime; }

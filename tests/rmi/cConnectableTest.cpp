@@ -1,5 +1,6 @@
 #include "nel_core/rmi/cConnectable.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -94,12 +95,14 @@ TEST_F(cConnectableTest, signalsMayDieDuringTheWalk)
     std::vector<std::unique_ptr<nrmi::localSignal0<piVoid>>> signals;
     for (int i = 0; i < 4; ++i)
         signals.push_back(std::make_unique<nrmi::localSignal0<piVoid>>());
-    auto const connect = [&](int i) { signals[i]->connect(nrmi::slot(&receiver, &cReceiver::sltCount)); };
+    auto const connect = [&](std::size_t i) {
+        signals[i]->connect(nrmi::slot(&receiver, &cReceiver::sltCount));
+    };
     a.mAction = [&](nrmi::cConnectable&) { signals[0].reset(), signals[1].reset(), signals[3].reset(); };
-    for (int const i : {0, 2})
+    for (std::size_t const i : {0u, 2u})
         connect(i);
     receiver.notifySignalAttached(a);
-    for (int const i : {1, 0, 2, 3, 2})
+    for (std::size_t const i : {1u, 0u, 2u, 3u, 2u})
         connect(i);
     receiver.detachAllSignals();
     EXPECT_EQ(log, "a");
