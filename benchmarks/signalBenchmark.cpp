@@ -1,40 +1,14 @@
 // Signals beside a std::vector of std::function that hold the same object and member function.
 
-#include <cstdlib>
 #include <deque>
 #include <functional>
 #include <memory>
-#include <new>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "benchmarks/countedAllocations.h"
 #include "nel_core/rmi/localSignal.h"
-
-namespace {
-
-unsigned long long gAllocations = 0;
-
-} // namespace
-
-// Not inline: the compiler would complain of malloc() beside operator delete.
-[[gnu::noinline]] void* operator new(std::size_t size)
-{
-    ++gAllocations;
-    if (void* const memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 

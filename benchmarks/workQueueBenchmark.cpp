@@ -1,40 +1,14 @@
 // What a pass costs for each work that is not due, and a one-shot work from scheduling to its end.
 
-#include <cstdlib>
 #include <deque>
 #include <malloc.h>
-#include <new>
 
 #include <benchmark/benchmark.h>
 
+#include "benchmarks/countedAllocations.h"
 #include "nel_core/pi/cAbstractProcessEvents.h"
 #include "nel_core/pi/cSystem.h"
 #include "nel_core/pi/cWorkQueue.h"
-
-namespace {
-
-unsigned long long gAllocations = 0;
-
-} // namespace
-
-// Not inline: the compiler would complain of malloc() beside operator delete.
-[[gnu::noinline]] void* operator new(std::size_t size)
-{
-    ++gAllocations;
-    if (void* const memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 

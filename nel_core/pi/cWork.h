@@ -11,6 +11,9 @@
 
 namespace npi {
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wclass-conversion" // of operator void()
+
 /// Something that a work queue does: once after a delay, periodically, or when a descriptor is ready.
 ///
 /// The slots of sigAction are its handlers. A work becomes active by start() or setAIOData() while it is in a
@@ -59,18 +62,9 @@ public:
     /// which stops it. The former data is deleted.
     void setAIOData(nstd::tAutoPtr<cAbstractAIOData> data);
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wclass-conversion"
     /// Emits sigAction and nothing else; written `work.operator void()`, or shorter `work()`.
-    operator void()
-    {
-        sigAction();
-    }
-#pragma GCC diagnostic pop
-    piVoid operator()()
-    {
-        return sigAction();
-    }
+    operator void() { sigAction(); }
+    piVoid operator()() { return sigAction(); }
 
     /// Offers an exception to the action-error handlers of this work and then of its ancestors; true when
     /// one has taken it by returning normally. The second argument has no effect.
@@ -79,89 +73,37 @@ public:
     /// is this work or one of its descendants.
     void reparent(cWork* parent);
     /// Records from now on when and from where the work is started; slow.
-    void enableDebug()
-    {
-        mStatistic.setDebug(true);
-    }
+    void enableDebug() { mStatistic.setDebug(true); }
 
     /// When the work was last started.
-    nstd::cTime const& scheduledTime() const
-    {
-        return mScheduledTime;
-    }
+    nstd::cTime const& scheduledTime() const { return mScheduledTime; }
     /// When it is due.
-    nstd::cTime const& plannedTime() const
-    {
-        return mPlannedTime;
-    }
-    Type type() const
-    {
-        return meType;
-    }
+    nstd::cTime const& plannedTime() const { return mPlannedTime; }
+    Type type() const { return meType; }
     /// The period of a periodic work in milliseconds.
-    unsigned int interval() const
-    {
-        return miInterval;
-    }
-    bool isStarted() const
-    {
-        return mbStarted;
-    }
+    unsigned int interval() const { return miInterval; }
+    bool isStarted() const { return mbStarted; }
     /// Whether an idle work stays in its queue whatever its type.
-    bool isForceKeep() const
-    {
-        return mbForceKeep;
-    }
-    void setForceKeep(bool keep)
-    {
-        mbForceKeep = keep;
-    }
+    bool isForceKeep() const { return mbForceKeep; }
+    void setForceKeep(bool keep) { mbForceKeep = keep; }
     /// Whether the work stays in its queue when it is idle after it has run.
-    bool isKeep() const
-    {
-        return mbForceKeep || meType == Periodic || meType == AsynchronousIO;
-    }
+    bool isKeep() const { return mbForceKeep || meType == Periodic || meType == AsynchronousIO; }
     /// Whether the handlers have failed so often in a row (three times) that the queue will stop the work.
-    bool isAmuck() const
-    {
-        return miFailures > kFailureLimit;
-    }
+    bool isAmuck() const { return miFailures > kFailureLimit; }
     /// The I/O data, null when there is none; owned by the work.
-    cAbstractAIOData* hasAIOData() const
-    {
-        return mpAIOData.get();
-    }
+    cAbstractAIOData* hasAIOData() const { return mpAIOData.get(); }
     /// The I/O data; raises a bug when there is none.
     cAbstractAIOData& aioData() const;
-    nstd::cAsciiString const& name() const
-    {
-        return msName;
-    }
-    void setName(nstd::cAsciiString const& name)
-    {
-        msName = name;
-    }
-    cWorkStat& statistic()
-    {
-        return mStatistic;
-    }
-    cWorkStat const& statistic() const
-    {
-        return mStatistic;
-    }
-    cWork* parent() const
-    {
-        return mTreeNode.parent();
-    }
+    nstd::cAsciiString const& name() const { return msName; }
+    void setName(nstd::cAsciiString const& name) { msName = name; }
+    void setName(nstd::cAsciiString&& name) noexcept { msName.swap(name); }
+    void setName(char const* name) { setName(nstd::cAsciiString(name)); }
+    cWorkStat& statistic() { return mStatistic; }
+    cWorkStat const& statistic() const { return mStatistic; }
+    cWork* parent() const { return mTreeNode.parent(); }
     /// Whether exceptions of the handlers are offered to action-error handlers.
-    bool isDelegateExceptions() const
-    {
-        return mbDelegateExceptions;
-    }
-    void setDelegateExceptions(bool delegate)
-    {
-        mbDelegateExceptions = delegate;
-    }
+    bool isDelegateExceptions() const { return mbDelegateExceptions; }
+    void setDelegateExceptions(bool delegate) { mbDelegateExceptions = delegate; }
 
     /// Emitted by the destructor; made on first use.
     tDestroyedSignal& sigDestroyed();
@@ -229,5 +171,7 @@ private:
     cLife* mpLives = nullptr;
     cPlace mPlace;
 };
+
+#pragma GCC diagnostic pop
 
 } // namespace npi

@@ -151,18 +151,27 @@ void cDecodeRun::decode()
     }
 }
 
+// Cuts a text that grew for more than it got: what the pool gained by that goes back, in whole grow steps.
+void cutGrown(cString& text, unsigned int length, unsigned int oldPoolSize)
+{
+    auto const step = 1ULL << (text.growStep() & 31u);
+    auto const needed = (length + step - 1) & ~(step - 1);
+    if (needed < text._poolSize() && oldPoolSize < text._poolSize()) {
+        text.truncate(std::max(static_cast<unsigned int>(needed), oldPoolSize));
+        text.optimizeMemory();
+    }
+    text.truncate(length);
+}
+
 // Decodes up to the end of the piece or to a character that needs decodeChar(), and gives the number of bytes
-// taken. There are at most as many characters as bytes; what the target grew by too much is given back.
+// taken. There are at most as many characters as bytes.
 unsigned int decodePiece(char const* text, unsigned int count, cString& target)
 {
     auto const poolSize = target._poolSize();
     auto const start = target.appendElements(count);
     cDecodeRun run{text, text + count, target.data() + start};
     run.decode();
-    auto const decoded = countOf(target.data() + start, run.out);
-    target.truncate(start + decoded);
-    if (decoded != count && target._poolSize() != poolSize)
-        target.optimizeMemory();
+    cutGrown(target, countOf(target.data(), run.out), poolSize);
     return countOf(text, run.in);
 }
 
@@ -245,20 +254,22 @@ void encodeRun(char* out, unsigned int const* in, unsigned int const* inEnd)
     }
 }
 
-// The bytes that the code points take, four code points at a time: one each, and one more for every bound
-// that they reach. Halves are compared, because the comparison is a signed one.
+// The bytes that the code points take, eight code points at a time: one each, and one more for every bound
+// that they reach. Shifted down by seven bits the bounds fit into 16 bits, and so does, saturated, what lies
+// above them.
 unsigned long long encodedLength(unsigned int const* text, unsigned int count)
 {
     auto more = _mm_setzero_si128();
     unsigned int at = 0;
-    for (; count - at >= 4; at += 4) {
-        auto const halves = _mm_srli_epi32(load(text + at), 1);
+    for (; count - at >= 8; at += 8) {
+        auto const shifted =
+            _mm_packs_epi32(_mm_srli_epi32(load(text + at), 7), _mm_srli_epi32(load(text + at + 4), 7));
         auto const reaches = [&](int bound) {
-            return _mm_cmpgt_epi32(halves, _mm_set1_epi32(bound / 2 - 1));
+            return _mm_cmpgt_epi16(shifted, _mm_set1_epi16(static_cast<short>((bound >> 7) - 1)));
         };
-        auto const low = _mm_add_epi32(reaches(0x80), reaches(0x800));
-        auto const high = _mm_add_epi32(reaches(0x10000), reaches(0x200000));
-        more = _mm_sub_epi32(more, _mm_add_epi32(low, high));
+        auto const low = _mm_add_epi16(reaches(0x80), reaches(0x800));
+        auto const high = _mm_add_epi16(reaches(0x10000), reaches(0x200000));
+        more = _mm_sub_epi32(more, _mm_madd_epi16(_mm_add_epi16(low, high), _mm_set1_epi16(1)));
     }
     unsigned int sums[4];
     store(sums, more);

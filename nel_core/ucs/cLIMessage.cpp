@@ -75,8 +75,7 @@ public:
     explicit cUnescaped(unsigned int expectedLength)
     {
         moText.setGrowStep(6);
-        moText.appendElements(expectedLength);
-        moText.truncate(0);
+        makeRoom(expectedLength);
     }
 
     template<typename Char>
@@ -89,6 +88,7 @@ public:
     // Adds text that comes out as it is: its backslashes count as doubled ones.
     void addVerbatim(cString const& text)
     {
+        makeRoom(text.length());
         for (unsigned int i = 0; i < text.length(); ++i) {
             add(text[i]);
             if (text[i] == kBackslash)
@@ -99,6 +99,12 @@ public:
     cString const& text() const { return moText; }
 
 private:
+    void makeRoom(unsigned int count)
+    {
+        auto const length = moText.appendElements(count);
+        moText.truncate(length);
+    }
+
     void add(unsigned int codePoint)
     {
         mbEscaped = !mbEscaped && codePoint == kBackslash;

@@ -52,6 +52,7 @@ public:
     /// length.
     unsigned int appendC(char const* text);
     unsigned int appendC(char const* text, unsigned int count);
+    /// Append the other text, or give both as a new one.
     void addString(cString const& other);
     cString& operator+=(cString const& other);
     cString operator+(cString const& other) const;

@@ -185,6 +185,20 @@ TEST(cEnDecUTF8Test, acceptsWhatIsNotQuiteUtf8)
     EXPECT_EQ(decoded(std::string(100000, '\x80')).text.length(), 100001u);
 }
 
+// Room for one character a byte is taken while decoding; what stays is the pool that the characters need.
+TEST(cEnDecUTF8Test, givesBackRoomInGrowSteps)
+{
+    EXPECT_EQ(decoded("\xC3\xA9").text._poolSize(), 4u);
+    EXPECT_EQ(decoded(std::string(1000, '\xC1') + '\0', 7).text._poolSize(), 504u);
+
+    cString text;
+    text.appendElements(50);
+    text.truncate(0);
+    cEnDecUTF8().decode(cBytes(std::string(60, '\xC1').c_str(), 60), text);
+    EXPECT_EQ(text.length(), 30u);
+    EXPECT_EQ(text._poolSize(), 52u);
+}
+
 // Bytes with long runs of ASCII, whole characters and, now and then, anything at all.
 std::string randomText(std::mt19937& random, bool valid)
 {
