@@ -39,17 +39,17 @@ struct tSourceTag {
 } // namespace nstd
 
 /// The source tag of the file in which it stands, a `char const*` that lives as long as the program.
-#define NEL_SOURCE_TAG                                                                                      \
-    ([]() -> char const* {                                                                                  \
-        static constexpr nstd::tSourceTag<sizeof(__FILE__)> tag(__FILE__);                                  \
-        return tag.mText;                                                                                   \
+#define NEL_SOURCE_TAG                                                                                       \
+    ([]() -> char const* {                                                                                   \
+        static constexpr nstd::tSourceTag<sizeof(__FILE__)> tag(__FILE__);                                   \
+        return tag.mText;                                                                                    \
     }())
 
 /// Raises a bug exception with the expression as written, the source tag and the line when it is false.
-#define NEL_ASSERT(...)                                                                                     \
-    ((__VA_ARGS__) ? static_cast<void>(0)                                                                   \
+#define NEL_ASSERT(...)                                                                                      \
+    ((__VA_ARGS__) ? static_cast<void>(0)                                                                    \
                    : cSTDExceptions::throwAssertionFailed(#__VA_ARGS__, NEL_SOURCE_TAG, __LINE__))
 
 /// The same with a source name and line of the caller's choice, where they belong to the interface.
-#define NEL_ASSERT_AT(expression, file, line)                                                               \
+#define NEL_ASSERT_AT(expression, file, line)                                                                \
     ((expression) ? static_cast<void>(0) : cSTDExceptions::throwAssertionFailed(#expression, file, line))
