@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <unistd.h>
 
 #include "cLineMeter.h"
@@ -66,6 +67,21 @@ bool run(cOptions const& options)
     return !meter.hasFailed() && std::fflush(stdout) == 0;
 }
 
+bool runSafely(cOptions const& options)
+{
+    try {
+        npi::system();
+        bool const isGood = run(options);
+        npi::cSystem::cleanup();
+        return isGood;
+    } catch (nstd::cAbstractException const& error) {
+        report("linemeter: ", error);
+    } catch (std::bad_alloc const&) {
+        std::fputs("linemeter: out of memory\n", stderr);
+    }
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -79,8 +95,5 @@ int main(int argc, char** argv)
         std::fputs(kUsage, stdout);
         return 0;
     }
-    npi::system();
-    bool const isGood = run(options);
-    npi::cSystem::cleanup();
-    return isGood ? 0 : 1;
+    return runSafely(options) ? 0 : 1;
 }
