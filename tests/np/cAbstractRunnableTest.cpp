@@ -5,7 +5,6 @@
 #include <atomic>
 #include <functional>
 #include <pthread.h>
-#include <stdexcept>
 
 #include "nel_core/pi/cPlatform.h"
 #include "nel_core/std/cBugException.h"
@@ -22,13 +21,7 @@ public:
     explicit cRunnable(std::function<void(cRunnable&)> work) : mWork(std::move(work)) { }
     ~cRunnable() override { stop(); }
 
-    void run() override
-    {
-        ++runs;
-        mWork(*this);
-    }
-
-    std::atomic<int> runs{0};
+    void run() override { mWork(*this); }
 
 private:
     std::function<void(cRunnable&)> mWork;
@@ -49,53 +42,36 @@ void waitFor(F&& condition)
 
 class cAbstractRunnableTest : public ntest::cSystemFixture { };
 
-TEST_F(cAbstractRunnableTest, withoutAThreadAStopLeavesItRequested)
-{
-    cRunnable runnable(runUntilStopped);
-    EXPECT_EQ(runnable.state(), cAbstractRunnable::stNeverStarted);
-    EXPECT_FALSE(runnable.isActive());
-    runnable.stop();
-    EXPECT_EQ(runnable.state(), cAbstractRunnable::stStopInProgress);
-    EXPECT_TRUE(runnable.isActive());
-    EXPECT_EQ(runnable.runs, 0);
-}
-
-TEST_F(cAbstractRunnableTest, aRunThatReturnsIsFinished)
-{
-    cRunnable runnable([](cRunnable& self) { EXPECT_TRUE(self.isRunning() && self.isActive()); });
-    runnable.start();
-    waitFor([&] { return runnable.state() == cAbstractRunnable::stFinished; });
-    EXPECT_FALSE(runnable.isActive());
-    runnable.stop();
-    EXPECT_EQ(runnable.state(), cAbstractRunnable::stFinished);
-}
-
 // The stop may come before the new thread has run at all; it must not get lost then.
 TEST_F(cAbstractRunnableTest, aStopRightAfterTheStartReachesTheRun)
 {
-    cRunnable runnable(runUntilStopped);
+    std::atomic<int> runs{0};
+    cRunnable runnable([&](cRunnable& self) {
+        ++runs;
+        runUntilStopped(self);
+    });
     for (int i = 0; i < 300; ++i) {
         runnable.start();
         runnable.stop();
         ASSERT_EQ(runnable.state(), cAbstractRunnable::stFinished);
+        ASSERT_EQ(runs, i + 1);
     }
-    EXPECT_EQ(runnable.runs, 300);
 }
 
 TEST_F(cAbstractRunnableTest, aStartEndsTheEarlierRunFirst)
 {
-    std::atomic<int> inside{0};
+    std::atomic<int> runs{0}, inside{0};
     cRunnable runnable([&](cRunnable& self) {
+        ++runs;
         EXPECT_EQ(++inside, 1);
         runUntilStopped(self);
         --inside;
     });
     for (int i = 0; i < 5; ++i) {
         runnable.start();
-        waitFor([&] { return runnable.runs == i + 1; });
+        waitFor([&] { return runs == i + 1; });
     }
     runnable.stop();
-    EXPECT_EQ(runnable.runs, 5);
     EXPECT_EQ(inside, 0);
 }
 
@@ -105,50 +81,26 @@ TEST_F(cAbstractRunnableTest, insideItsRunAStopOnlyAsksAndAStartIsRefused)
     cRunnable runnable([&](cRunnable& self) {
         auto const error = ntest::raisedBy<nstd::cBugException>([&] { self.start(); });
         refusal = error ? ntest::messageOf(*error) : "none";
-        EXPECT_TRUE(self.isRunning());
         self.stop();
         EXPECT_TRUE(self.isStopInProgress());
     });
     runnable.start();
     waitFor([&] { return runnable.state() == cAbstractRunnable::stFinished; });
-    runnable.stop();
-    EXPECT_EQ(runnable.state(), cAbstractRunnable::stFinished);
     EXPECT_EQ(refusal, "The operation \"cAbstractRunnable::start()\" is not supported!");
 }
 
 TEST_F(cAbstractRunnableTest, anEscapingExceptionLeavesItFinished)
 {
-    struct {
-        char const* name;
-        void (*work)(cRunnable&);
-    } const ends[] = {
-        {"framework exception", [](cRunnable&) { cSTDExceptions::throwUnsupportedOperation("test"); }},
-        {"standard exception", [](cRunnable&) { throw std::runtime_error("test"); }},
-        {"number", [](cRunnable&) { throw 5; }},
+    void (*const ends[])(cRunnable&) = {
+        [](cRunnable&) { cSTDExceptions::throwUnsupportedOperation("test"); },
+        [](cRunnable&) { throw 5; },
     };
-    for (auto const& row : ends) {
-        SCOPED_TRACE(row.name);
-        cRunnable runnable(row.work);
+    for (auto const& end : ends) {
+        cRunnable runnable(end);
         runnable.start();
         waitFor([&] { return !runnable.isActive(); });
         EXPECT_EQ(runnable.state(), cAbstractRunnable::stFinished);
     }
-}
-
-TEST_F(cAbstractRunnableTest, copiesAreRefused)
-{
-    cRunnable runnable(runUntilStopped);
-    cAbstractRunnable& base = runnable;
-    auto const thrown = [](auto&& call) {
-        try {
-            call();
-        } catch (int number) {
-            return number;
-        }
-        return 0;
-    };
-    EXPECT_EQ(thrown([&] { cAbstractRunnable copy(base); }), 12);
-    EXPECT_EQ(thrown([&] { base = base; }), 12);
 }
 
 TEST_F(cAbstractRunnableTest, aRefusedThreadIsAnOSError)
@@ -175,7 +127,6 @@ TEST_F(cAbstractRunnableTest, aRefusedThreadIsAnOSError)
 
     runnable.start();
     runnable.stop();
-    EXPECT_EQ(runnable.runs, 1);
     EXPECT_EQ(runnable.state(), cAbstractRunnable::stFinished);
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fcntl.h>
 #include <thread>
 #include <unistd.h>
@@ -26,53 +25,27 @@ std::string written(F&& work)
     return testing::internal::GetCapturedStderr();
 }
 
-void writeEntry(cAbstractOut& out, char const* file, unsigned int line, char const* text)
-{
-    out.debugMessage(file, line) << text << "\n" << cAbstractOut::clearDebugMessage();
-}
-
 class cDebugStdErrTest : public ntest::cSystemFixture { };
-
-struct cEntryRow {
-    char const* name;
-    char const* filter;
-    char const* file;
-    char const* expected;
-};
 
 TEST_F(cDebugStdErrTest, positionsAndFilters)
 {
-    cEntryRow const rows[] = {
+    struct {
+        char const *name, *filter, *file, *expected;
+    } const rows[] = {
         {"no position", "cWork tArray", nullptr, "text\r\n"},
         {"folders are cut", "cWork tArray", "/a/b/other.c", "other.c:42: text\r\n"},
         {"backslash", nullptr, "a\\b.c", "b.c:42: text\r\n"},
         {"colon", nullptr, "/a:b.c", "b.c:42: text\r\n"},
         {"ends in a slash", nullptr, "/a/b/", ":42: text\r\n"},
-        {"empty path", "", "", ":42: text\r\n"},
-        {"first word", "cWork tArray", "nel_core/pi/cWorkQueue", ""},
-        {"last word", "cWork tArray", "nel_core/std/tArray", ""},
-        {"only a part of the word", "cWork tArray", "nel_core/std/tArra", "tArra:42: text\r\n"},
+        {"a word of the path", "cWork tArray", "nel_core/std/tArray", ""},
         {"other case", "cwork", "cWork", "cWork:42: text\r\n"},
         {"empty words match nothing", "  x   ", "/a/b.c", "b.c:42: text\r\n"},
-        {"word among spaces", "  x   b ", "/a/b.c", ""},
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.name);
         cDebugStdErr out(row.filter);
-        EXPECT_EQ(written([&] { writeEntry(out, row.file, 42, "text"); }), row.expected);
+        EXPECT_EQ(written([&] { out.debugMessage(row.file, 42) << "text\n"; }), row.expected);
     }
-}
-
-TEST_F(cDebugStdErrTest, theEnvironmentIsReadOnce)
-{
-    std::string const before = std::getenv("PIDBG_FILTER") ? std::getenv("PIDBG_FILTER") : "";
-    setenv("PIDBG_FILTER", "one two", 1);
-    cDebugStdErr filtering;
-    unsetenv("PIDBG_FILTER");
-    cDebugStdErr open;
-    setenv("PIDBG_FILTER", before.c_str(), 1);
-    EXPECT_EQ(written([&] { writeEntry(filtering, "/x/two.c", 1, "text"); }), "");
-    EXPECT_EQ(written([&] { writeEntry(open, "/x/two.c", 1, "text"); }), "two.c:1: text\r\n");
 }
 
 TEST_F(cDebugStdErrTest, everyLineOfAnEntryIsIndentedAfterItsPosition)
@@ -80,9 +53,7 @@ TEST_F(cDebugStdErrTest, everyLineOfAnEntryIsIndentedAfterItsPosition)
     npi::system().defaults.numberFormat.setBase(16);
     cDebugStdErr out(nullptr);
     out << cAbstractOut::indent() << cAbstractOut::indent();
-    EXPECT_EQ(written([&] { writeEntry(out, "f", 31, "a\nb"); }), "f:31:     a\r\nf:31:     b\r\n");
-    out << cAbstractOut::unindent();
-    EXPECT_EQ(written([&] { out << "c\n"; }), "  c\r\n");
+    EXPECT_EQ(written([&] { out.debugMessage("f", 31) << "a\nb\n"; }), "f:31:     a\r\nf:31:     b\r\n");
     npi::system().defaults.numberFormat.setBase(10);
 }
 
@@ -91,27 +62,7 @@ TEST_F(cDebugStdErrTest, aLineAppearsWithItsLineFeedOrWhenFlushed)
     cDebugStdErr out(nullptr);
     EXPECT_EQ(written([&] { out.debugMessage("f", 1) << cAbstractOut::indent() << "ab"; }), "");
     EXPECT_EQ(written([&] { out.flush(); }), "ab");
-    EXPECT_EQ(written([&] {
-                  out << "c";
-                  out << "\n";
-              }),
-              "f:1:   c\r\n");
-    EXPECT_EQ(written([&] { out.flush(); }), "");
-    EXPECT_EQ(written([&] {
-                  cDebugStdErr shortLived(nullptr);
-                  shortLived << "dropped";
-              }),
-              "");
-}
-
-TEST_F(cDebugStdErrTest, aLinkedOutputGetsCharactersAndFlushes)
-{
-    cDebugStdErr out(nullptr);
-    cDebugStdErr target(nullptr);
-    out.link(&target);
-    out.printChar('x');
-    out << "y";
-    EXPECT_EQ(written([&] { out.flush(); }), "xy");
+    EXPECT_EQ(written([&] { out << "c\n"; }), "f:1:   c\r\n");
 }
 
 // Descriptor 2 is exchanged for a pipe that takes a little at a time and never blocks.
@@ -136,8 +87,7 @@ TEST_F(cDebugStdErrTest, nothingIsLostWhereStandardErrorIsSlow)
     close(before);
     reader.join();
     close(ends[0]);
-    EXPECT_EQ(received.size(), text.size() + 2);
-    EXPECT_EQ(received, text + "\r\n");
+    EXPECT_TRUE(received == text + "\r\n") << received.size();
 }
 
 TEST_F(cDebugStdErrTest, entriesOfThreadsDoNotMix)
@@ -160,7 +110,6 @@ TEST_F(cDebugStdErrTest, entriesOfThreadsDoNotMix)
                     || all.compare(at, entryB.size(), entryB) == 0)
             << at;
     EXPECT_EQ(count, 2 * kEntries);
-    EXPECT_EQ(npi::system().debug.debugFileName(), nullptr);
 }
 
 } // namespace

@@ -1,53 +1,16 @@
 #include "nel_core/pi/cLocalEventProcessor.h"
 
-#include <chrono>
 #include <deque>
-#include <functional>
 
 #include <gtest/gtest.h>
 
 #include "nel_core/pi/cLocalEventLoop.h"
-#include "nel_core/pi/cSystem.h"
-#include "nel_core/pi/cWork.h"
-#include "nel_core/std/tList.h"
-#include "nel_core/std/tSharedObject.h"
-#include "tests/support/cFakeEvents.h"
-#include "tests/support/cSystemFixture.h"
+#include "tests/support/cQueueFixture.h"
 
 namespace {
 
-using npi::cWork;
-
-class cLocalEventProcessorTest : public ntest::cSystemFixture, public nrmi::cConnectable {
-public:
-    cLocalEventProcessorTest()
-    {
-        events.sigFinished.connect(nrmi::slot(this, &cLocalEventProcessorTest::sltFinished));
-    }
-    piVoid sltFinished()
-    {
-        ++finished;
-        return piVoid();
-    }
-    piVoid sltAction()
-    {
-        onAction();
-        return piVoid();
-    }
-    // The milliseconds that a wait takes.
-    long long wait(unsigned int timeout)
-    {
-        auto const begin = std::chrono::steady_clock::now();
-        events.yield(0, jobs, timeout);
-        auto const time = std::chrono::steady_clock::now() - begin;
-        return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
-    }
-
-    npi::cLocalEventProcessor events;
-    nstd::tList<nstd::tSharedObject<cWork>> jobs;
-    unsigned int finished = 0;
-    std::function<void()> onAction;
-};
+using cLocalEventProcessorTest = ntest::tEventsFixture<npi::cLocalEventProcessor>;
+using cLocalEventLoopTest = ntest::cQueueFixture;
 
 TEST_F(cLocalEventProcessorTest, aWaitEndsByJobsByTimeOrByAWakeUp)
 {
@@ -61,28 +24,13 @@ TEST_F(cLocalEventProcessorTest, aWaitEndsByJobsByTimeOrByAWakeUp)
     wait(0);
     EXPECT_GE(wait(10), 9) << "also by a wait without time";
 
-    jobs.append(nstd::tSharedObject<cWork>());
+    jobs.append(nstd::tSharedObject<npi::cWork>());
     EXPECT_LT(wait(10000), 5000);
     EXPECT_EQ(finished, 6u);
 }
 
-TEST_F(cLocalEventProcessorTest, aQueueRunsOnIt)
-{
-    npi::cWorkQueue queue;
-    queue.setEvents(nstd::tAutoPtr<npi::cAbstractProcessEvents>(new npi::cLocalEventProcessor));
-    cWork work;
-    queue.addJob(work);
-    unsigned int runs = 0;
-    onAction = [&] { ++runs; };
-    work.sigAction.connect(nrmi::slot(this, &cLocalEventProcessorTest::sltAction));
-    work.start(1, cWork::Periodic);
-    while (runs < 3)
-        queue.process();
-    EXPECT_EQ(queue.level(), 0u);
-}
-
 // The queue wakes its processor for a change from inside of a pass when there are as many loops as passes.
-TEST_F(cLocalEventProcessorTest, localLoopsNest)
+TEST_F(cLocalEventLoopTest, localLoopsNest)
 {
     struct {
         unsigned int loops, level;
@@ -90,38 +38,25 @@ TEST_F(cLocalEventProcessorTest, localLoopsNest)
     } const rows[] = {{0, 1, false}, {1, 1, true}, {1, 2, false}, {2, 2, true}};
     for (auto const& row : rows) {
         SCOPED_TRACE(testing::Message() << row.loops << " loops at level " << row.level);
-        auto* const fake = new ntest::cFakeEvents;
-        npi::cWorkQueue queue;
-        queue.setEvents(nstd::tAutoPtr<npi::cAbstractProcessEvents>(fake));
         std::deque<npi::cLocalEventLoop> loops;
         for (unsigned int i = 0; i < row.loops; ++i)
-            loops.emplace_back(&queue);
-        cWork work;
-        queue.addJob(work);
-        work.sigAction.connect(nrmi::slot(this, &cLocalEventProcessorTest::sltAction));
-        onAction = [&] {
-            if (queue.level() < row.level) {
+            loops.emplace_back(queue.get());
+        npi::cWork work;
+        queue->addJob(work);
+        on(work, [&] {
+            if (queue->level() < row.level) {
                 work.start();
-                queue.process();
+                queue->process();
             } else {
-                auto const before = fake->wakeUps;
+                auto const before = events->wakeUps;
                 work.stop();
-                EXPECT_EQ(fake->wakeUps != before, row.wakes);
+                EXPECT_EQ(events->wakeUps != before, row.wakes);
             }
-        };
+        });
         work.start();
-        loops.empty() ? queue.process() : loops.back().process();
+        loops.empty() ? queue->process() : loops.back().process();
         EXPECT_EQ(work.statistic().numTriggered(), row.level);
     }
-}
-
-TEST_F(cLocalEventProcessorTest, aLoopWithoutAQueueRunsTheSystems)
-{
-    bool hasRun = false;
-    onAction = [&] { hasRun = true; };
-    npi::schedule(nrmi::slot(this, &cLocalEventProcessorTest::sltAction), 0, "x");
-    npi::cLocalEventLoop(nullptr).process();
-    EXPECT_TRUE(hasRun);
 }
 
 } // namespace

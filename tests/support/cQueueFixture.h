@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <list>
 #include <memory>
@@ -120,6 +121,30 @@ public:
     std::unique_ptr<npi::cWorkQueue> queue;
     std::list<cWorkSlots> slots;
     std::string log;
+};
+
+/// An event processor without a queue; counts how often it has finished.
+template<typename Events>
+class tEventsFixture : public cSystemFixture {
+public:
+    tEventsFixture()
+    {
+        slots.onAction = [this] { ++finished; };
+        events.sigFinished.connect(nrmi::slot(&slots, &cWorkSlots::sltAction));
+    }
+    /// The milliseconds that a wait takes.
+    long long wait(unsigned int timeout)
+    {
+        auto const begin = std::chrono::steady_clock::now();
+        events.yield(0, jobs, timeout);
+        auto const time = std::chrono::steady_clock::now() - begin;
+        return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
+    }
+
+    Events events;
+    nstd::tList<nstd::tSharedObject<npi::cWork>> jobs;
+    cWorkSlots slots;
+    unsigned int finished = 0;
 };
 
 } // namespace ntest
