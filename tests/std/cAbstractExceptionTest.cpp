@@ -35,7 +35,7 @@ nucs::cLIMessage message(char const* key)
 // Has no message, and copies itself as wished.
 class cBareException : public cAbstractException {
 public:
-    enum Way { plain, memory, other, ownHistory, byAssignment, failInside };
+    enum Way { plain, memory, other, ownHistory, failInside };
 
     explicit cBareException(char const* kindWord = "bare", Way way = plain)
         : cAbstractException(kindWord, tyRuntime, nullptr, 0),
@@ -51,9 +51,7 @@ public:
             throw 12;
         if (meWay == failInside)
             copyFailingChain();
-        auto* const copy = meWay == byAssignment ? new cBareException : new cBareException(*this);
-        if (meWay == byAssignment)
-            *copy = *this;
+        auto* const copy = new cBareException(*this);
         if (meWay == ownHistory)
             copy->link(cRuntimeException(message("own")));
         return copy;
@@ -92,22 +90,16 @@ cBugException chain()
 // Takes the debug output's entries while it lives.
 class cEntryRecorder : public npi::cAbstractOut {
 public:
-    struct cEntry {
-        std::string file;
-        unsigned int line;
-        std::string text;
-    };
-
     cEntryRecorder() { npi::system().debug.link(this); }
     ~cEntryRecorder() override { npi::system().debug.link(nullptr); }
-    void printChar(char c) override { entries.back().text += c; }
+    void printChar(char c) override { entries.back() += c; }
     npi::cAbstractOut& debugMessage(char const* file, unsigned int line) override
     {
-        entries.push_back({file, line, {}});
+        entries.push_back(file + (':' + std::to_string(line)) + ' ');
         return cAbstractOut::debugMessage(file, line);
     }
 
-    std::vector<cEntry> entries;
+    std::vector<std::string> entries; ///< "file:line text"
 };
 
 class cEnvironment {
@@ -120,55 +112,18 @@ class cAbstractExceptionTest : public ntest::cSystemFixture { };
 
 TEST_F(cAbstractExceptionTest, theSourcePositionIsKeptUpToSixtyCharacters)
 {
-    std::string const eighty(80, 'f');
-    struct {
-        char const* name;
-        char const* file;
-        std::string kept;
-    } const rows[] = {
-        {"none", nullptr, ""},
-        {"empty", "", ""},
-        {"short", "a.cpp", "a.cpp"},
-        {"fits", eighty.c_str() + 20, eighty.substr(20)},
-        {"one too long", eighty.c_str() + 19, eighty.substr(20)},
-        {"long", eighty.c_str(), eighty.substr(20)},
-    };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.name);
-        cBugException const error(message("x"), row.file, 42);
-        EXPECT_EQ(error.sourceFileName(), row.kept);
-        EXPECT_EQ(error.sourceFileLine(), 42u);
+    std::string const sixty(60, 'f');
+    for (std::string const& file : {sixty, sixty + 'x'}) {
+        cBugException const error(message("x"), file.c_str(), 42);
+        EXPECT_EQ(error.sourceFileName(), sixty);
+        EXPECT_EQ(cBugException(error).backtrace()[0], error.backtrace()[0]);
+        EXPECT_EQ(error.backtrace()[63], 0u);
     }
-    EXPECT_STREQ(cRuntimeException().sourceFileName(), "unknown");
+    EXPECT_STREQ(cBugException(message("x"), nullptr, 0).sourceFileName(), "");
     EXPECT_EQ(cBareException(std::string(300, 'k').c_str()).what(), std::string(255, 'k'));
 }
 
-TEST_F(cAbstractExceptionTest, kindsDifferInWordAndType)
-{
-    EXPECT_STREQ(cBugException().what(), "bug");
-    EXPECT_EQ(cBugException().type(), cAbstractException::tyBug);
-    EXPECT_STREQ(cRuntimeException().what(), "runtime");
-    EXPECT_EQ(cRuntimeException().type(), cAbstractException::tyRuntime);
-}
-
-TEST_F(cAbstractExceptionTest, aTraceIsCapturedEndedByZeroAndCopied)
-{
-    cBugException const error;
-    ASSERT_NE(error.backtrace(), nullptr);
-    EXPECT_EQ(error.backtrace()[63], 0u);
-    EXPECT_EQ(cBugException(error).backtrace()[0], error.backtrace()[0]);
-}
-
-TEST_F(cAbstractExceptionTest, linkAppendsTheCauseAtTheEnd)
-{
-    auto const error = chain();
-    EXPECT_EQ(namesOf(error), "A B C ");
-    EXPECT_EQ(error.has("cBugException"), &error);
-    EXPECT_EQ(error.has("cRuntimeException"), error.history());
-    EXPECT_EQ(error.has("cAbstractException"), nullptr);
-}
-
-TEST_F(cAbstractExceptionTest, linksThatWouldCloseARingAreIgnored)
+TEST_F(cAbstractExceptionTest, linkAppendsTheCauseAtTheEndAndMakesNoRing)
 {
     auto error = chain();
     auto* const middle = error.history();
@@ -179,27 +134,21 @@ TEST_F(cAbstractExceptionTest, linksThatWouldCloseARingAreIgnored)
     error.link(*middle->history());
     middle->history()->link(&error);
     EXPECT_EQ(namesOf(error), "A B C ");
+    EXPECT_EQ(error.has("cRuntimeException"), middle);
+    EXPECT_EQ(error.has("cAbstractException"), nullptr);
 }
 
 TEST_F(cAbstractExceptionTest, createMessageShowsWhatTheFlagsSay)
 {
-    struct {
-        char const* name;
-        unsigned int flags;
-        char const* text;
-    } const rows[] = {
-        {"message alone", 0, "A"},          {"indentation needs the history", 4, "A"},
-        {"history", 1, "A; B; C; bare"},    {"indented history", 5, "A;  B;   C;    bare"},
-        {"unknown flags", 0xfffffffa, "A"},
-    };
     auto error = chain();
     error.link(cBareException());
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.name);
+    auto const textFor = [&](unsigned int flags) {
         nucs::cString out("old");
-        error.createMessage(out, "; ", row.flags, nullptr);
-        EXPECT_EQ(ntest::text(out), row.text);
-    }
+        error.createMessage(out, "; ", flags, nullptr);
+        return ntest::text(out);
+    };
+    EXPECT_EQ(textFor(5), "A;  B;   C;    bare");
+    EXPECT_EQ(textFor(0xfffffffa), "A");
 
     nucs::cString both("-");
     error.createMessage(both, both, cAbstractException::mfHistory, nullptr);
@@ -210,20 +159,19 @@ TEST_F(cAbstractExceptionTest, createMessageShowsWhatTheFlagsSay)
 
 TEST_F(cAbstractExceptionTest, dumpWritesOneEntryForEachException)
 {
-    auto error = chain();
+    cBugException error(message("A"));
     error.link(cBareException("word"));
     error.link(cBareException(""));
     cEntryRecorder recorder;
     error.dump();
 
-    char const* const lines[] = {"[cBugException (bug)]: A", "[cRuntimeException (runtime)]: B",
-                                 "[cRuntimeException (runtime)]: C", "[cBareException (runtime)]: word",
-                                 "[cBareException (runtime)]:  --- no message ---"};
-    ASSERT_EQ(recorder.entries.size(), std::size(lines));
-    for (std::size_t i = 0; i < std::size(lines); ++i) {
-        EXPECT_EQ(recorder.entries[i].file, "nel_core/std/cAbstractException");
-        EXPECT_EQ(recorder.entries[i].text, std::string(lines[i]) + "\r\n");
+    std::string lines;
+    for (auto const& entry : recorder.entries) {
+        EXPECT_EQ(entry.find("nel_core/std/cAbstractException:"), 0u);
+        lines += entry.substr(entry.find(' ') + 1);
     }
+    EXPECT_EQ(lines, "[cBugException (bug)]: A\r\n[cBareException (runtime)]: word\r\n"
+                     "[cBareException (runtime)]:  --- no message ---\r\n");
 }
 
 TEST_F(cAbstractExceptionTest, copiesOwnTheirChainAndMovesTakeIt)
@@ -233,7 +181,6 @@ TEST_F(cAbstractExceptionTest, copiesOwnTheirChainAndMovesTakeIt)
     cBugException copy(original);
     EXPECT_EQ(namesOf(copy), "A B C ");
     EXPECT_NE(copy.history(), cause);
-    EXPECT_NE(copy.history()->history(), cause->history());
 
     auto const& self = copy;
     copy = self;
@@ -242,83 +189,35 @@ TEST_F(cAbstractExceptionTest, copiesOwnTheirChainAndMovesTakeIt)
     cBugException const moved(std::move(original));
     EXPECT_EQ(moved.history(), cause);
     EXPECT_EQ(original.history(), nullptr);
-}
 
-TEST_F(cAbstractExceptionTest, anExceptionCanBecomeOneOfItsCauses)
-{
-    cRuntimeException error(message("A"));
-    error.link(chain());
-    error.link(new cRuntimeException(message("D")));
+    cRuntimeException error(message("D"));
+    error.link(moved);
     error = static_cast<cRuntimeException&>(*error.history()->history());
-    EXPECT_EQ(namesOf(error), "B C D ");
-}
-
-TEST_F(cAbstractExceptionTest, swapExchangesEverything)
-{
-    auto a = chain();
-    cBugException b(message("Z"), "z.cpp", 9);
-    a.swap(b);
-    EXPECT_EQ(namesOf(a), "Z ");
-    EXPECT_EQ(namesOf(b), "A B C ");
-    EXPECT_STREQ(a.sourceFileName(), "z.cpp");
-    EXPECT_EQ(b.sourceFileLine(), 0u);
+    EXPECT_EQ(namesOf(error), "B C ") << "what was its cause";
 }
 
 TEST_F(cAbstractExceptionTest, aCopyHasTheHistoryUpToAFailure)
 {
     struct {
-        char const* name;
-        std::vector<cBareException::Way> causes;
-        std::string copied; ///< kind words of the copy
-        bool own, any;      ///< out-of-memory conditions
+        cBareException::Way first, second; ///< the causes
+        std::string copied;                ///< kind words of the copy
+        bool own, any;                     ///< out-of-memory conditions
     } const rows[] = {
-        {"no history", {}, "A ", false, false},
-        {"no memory for the first", {cBareException::memory}, "A ", true, true},
-        {"no memory further down", {cBareException::plain, cBareException::memory}, "A bare ", false, true},
-        {"another failure", {cBareException::other}, "A ", false, false},
-        {"another failure before", {cBareException::plain, cBareException::other}, "A bare ", false, false},
-        {"a class that makes a history",
-         {cBareException::ownHistory, cBareException::plain},
-         "A bare own ",
-         false,
-         false},
-        {"a class that assigns",
-         {cBareException::byAssignment, cBareException::plain},
-         "A bare bare ",
-         false,
-         false},
-        {"a class that copies a failing chain meanwhile",
-         {cBareException::failInside, cBareException::plain},
-         "A bare bare ",
-         false,
-         false},
+        {cBareException::memory, cBareException::plain, "A ", true, true},
+        {cBareException::plain, cBareException::memory, "A bare ", false, true},
+        {cBareException::plain, cBareException::other, "A bare ", false, false},
+        {cBareException::ownHistory, cBareException::plain, "A bare own ", false, false},
+        {cBareException::failInside, cBareException::plain, "A bare bare ", false, false},
     };
     for (auto const& row : rows) {
-        SCOPED_TRACE(row.name);
         cBugException original(message("A"));
-        for (auto const way : row.causes)
-            original.link(new cBareException("bare", way));
+        original.link(new cBareException("bare", row.first));
+        original.link(new cBareException("bare", row.second));
         cBugException const copy(original);
         EXPECT_EQ(namesOf(copy), row.copied);
         EXPECT_EQ(copy.outOfMemoryCondition(), row.own);
         EXPECT_EQ(copy.hasOutOfMemoryCondition(), row.any);
-        EXPECT_FALSE(original.hasOutOfMemoryCondition());
-
-        bool outOfMemory = false;
-        auto* const history = original.getHistory(outOfMemory);
-        EXPECT_EQ(outOfMemory, row.own);
-        EXPECT_EQ(history ? namesOf(*history) : "", row.copied.substr(2));
-        delete history;
     }
-}
-
-TEST_F(cAbstractExceptionTest, aCauseThatCannotBeCopiedIsNoted)
-{
-    auto error = chain();
-    error.link(cBareException("bare", cBareException::memory));
-    EXPECT_EQ(namesOf(error), "A B C ");
-    EXPECT_FALSE(error.outOfMemoryCondition());
-    EXPECT_TRUE(error.hasOutOfMemoryCondition());
 }
 
 // Makes, copies and destroys a chain of 2^13 exceptions.
@@ -348,20 +247,14 @@ TEST_F(cAbstractExceptionTest, aChainMayBeLongerThanTheStackIsDeep)
 TEST_F(cAbstractExceptionTest, theEnvironmentAsksForATraceOfEveryException)
 {
     cEntryRecorder recorder;
-    {
-        cEnvironment const environment("dumb");
-        cBugException const error;
-    }
-    EXPECT_EQ(recorder.entries.size(), 0u);
-    {
-        cEnvironment const environment("dump");
+    for (auto const* value : {"dumb", "dump"}) {
+        cEnvironment const environment(value);
         cBugException const error;
         cBugException const copy(error);
     }
     ASSERT_EQ(recorder.entries.size(), 1u);
-    EXPECT_EQ(recorder.entries[0].file, "nel_core/std/cAbstractException");
-    EXPECT_EQ(recorder.entries[0].text.substr(0, 4), "\r\n\r\n");
-    EXPECT_GT(recorder.entries[0].text.size(), 8u);
+    EXPECT_EQ(recorder.entries[0].find("nel_core/std/cAbstractException:"), 0u);
+    EXPECT_NE(recorder.entries[0].find(" \r\n\r\n"), std::string::npos);
 }
 
 TEST_F(cAbstractExceptionTest, rangeErrorsAndAssertionsLeaveATrace)
@@ -373,13 +266,8 @@ TEST_F(cAbstractExceptionTest, rangeErrorsAndAssertionsLeaveATrace)
     ntest::raisedBy<nstd::cOutOfBoundsException>([] { cSTDExceptions::throwOutOfBounds("tX", "at"); });
 
     ASSERT_EQ(recorder.entries.size(), 2u);
-    EXPECT_EQ(recorder.entries[0].line, 64u);
-    EXPECT_EQ(recorder.entries[1].line, 26u);
-    for (auto const& entry : recorder.entries) {
-        EXPECT_EQ(entry.file, "nel_core/std/cSTDExceptions");
-        EXPECT_EQ(entry.text.substr(0, 4), "\r\n\r\n");
-        EXPECT_GT(entry.text.size(), 8u);
-    }
+    EXPECT_EQ(recorder.entries[0].find("nel_core/std/cSTDExceptions:64 \r\n\r\n"), 0u);
+    EXPECT_EQ(recorder.entries[1].find("nel_core/std/cSTDExceptions:26 \r\n\r\n"), 0u);
 }
 
 TEST_F(cAbstractExceptionTest, anOutputThatFailsDoesNotReplaceTheError)

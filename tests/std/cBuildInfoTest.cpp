@@ -18,19 +18,11 @@ std::string all(cBuildInfo const& info)
 TEST(cBuildInfoTest, itKeepsAndSwapsAllThatItWasGiven)
 {
     cBuildInfo info("system", "compiler", "version", "host", "date", 0xFFFFFFFFU);
-    cBuildInfo unknown;
-    EXPECT_EQ(all(info), "system|compiler|version|host|date|4294967295");
-    EXPECT_EQ(all(unknown), "unknown|unknown|unknown|unknown|unknown|0");
-    EXPECT_EQ(all(cBuildInfo(nullptr, "c", nullptr, nullptr, nullptr, 1)), "|c||||1");
-
-    cBuildInfo copy(info);
-    info.swap(unknown);
+    cBuildInfo other;
+    info.swap(other);
     EXPECT_EQ(all(info), "unknown|unknown|unknown|unknown|unknown|0");
-    EXPECT_EQ(all(unknown), "system|compiler|version|host|date|4294967295");
-    info = copy;
-    copy = copy;
-    EXPECT_EQ(all(info), all(unknown));
-    EXPECT_EQ(all(copy), all(unknown));
+    EXPECT_EQ(all(other), "system|compiler|version|host|date|4294967295");
+    EXPECT_EQ(all(cBuildInfo(nullptr, "c", nullptr, nullptr, nullptr, 1)), "|c||||1");
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "nel_core/pi/cSysTime.h"
-
 namespace {
 
 using nstd::cTime;
@@ -12,12 +10,7 @@ TEST(cTimeTest, partsAndTotals)
 {
     cTime const time(2000000u, 3u, 4u, 5006007u); // 32 bits hold none of these products
     EXPECT_EQ(time.get(), 7200000189006007ULL);
-    EXPECT_EQ(time.toUSec(), 7200000189006007ULL);
     EXPECT_EQ(time.toNSec(), 7200000189006007000ULL);
-    EXPECT_EQ(time.toMSec(), 7200000189006ULL);
-    EXPECT_EQ(time.toSec(), 7200000189ULL);
-    EXPECT_EQ(time.toMin(), 120000003ULL);
-    EXPECT_EQ(time.toHour(), 2000000ULL);
     EXPECT_EQ(time.hour(), 2000000u % 24);
     EXPECT_EQ(time.minutes(), 3u);
     EXPECT_EQ(time.sec(), 9u);
@@ -29,23 +22,10 @@ TEST(cTimeTest, partsAndTotals)
 TEST(cTimeTest, differencesAreAbsoluteAndShiftsAreNot)
 {
     EXPECT_EQ(cTime(5) - cTime(8), cTime(3));
-    EXPECT_EQ(cTime(8) - cTime(5), cTime(3));
     EXPECT_EQ(cTime(0) - cTime(~0ULL), cTime(~0ULL));
-    EXPECT_EQ(cTime(8) + cTime(5), cTime(13));
     EXPECT_EQ(cTime(8) - 9LL, cTime(~0ULL));
     EXPECT_EQ(cTime(8) + -8LL, cTime(0));
     EXPECT_EQ(cTime(1) - -2, cTime(3));
-    EXPECT_LT(cTime(1), cTime(~0ULL));
-    EXPECT_GT(cTime(1), cTime(0));
-}
-
-TEST(cTimeTest, theDefaultIsNow)
-{
-    cTime const before = npi::cSysTime::utcTime();
-    cTime const now;
-    EXPECT_FALSE(now < before);
-    EXPECT_LT(now.diff(), cTime(60u, 0u));
-    EXPECT_GT(cTime(1).diff(), now - cTime(2));
 }
 
 } // namespace

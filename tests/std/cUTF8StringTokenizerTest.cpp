@@ -1,7 +1,5 @@
 #include "nel_core/std/cUTF8StringTokenizer.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "nel_core/std/cAsciiString.h"
@@ -26,9 +24,7 @@ TEST(cUTF8StringTokenizerTest, decodesTokens)
     EXPECT_TRUE(token == L"gr\xFC\xDF");
     EXPECT_EQ(tokenizer.expectToken(token), 4u);
     EXPECT_TRUE(token == L"\x2192");
-    tokenizer >> token >> token;
-    EXPECT_TRUE(token == "b");
-    tokenizer >> token;
+    tokenizer >> token >> token >> token;
     EXPECT_TRUE(token == "b");
     auto const error = ntest::raisedBy<nstd::cRuntimeException>([&] { tokenizer.expectToken(token); });
     ASSERT_TRUE(error.has_value());
@@ -57,27 +53,11 @@ TEST(cUTF8StringTokenizerTest, keepsTemporariesAndViewsEverythingElse)
     cUTF8StringTokenizer fromArray(nstd::tArray<char>("a,b")), fromTemporary(nstd::cAsciiString("a,b")),
         fromString(string), fromLiteral("a,b"), fromView(nstd::tConstArrayRef<char>(string, 0, 3));
     for (auto* tokenizer : {&fromArray, &fromTemporary, &fromString, &fromLiteral, &fromView}) {
-        auto& comma = tokenizer->context().addSeparator(nucs::cString(","));
+        tokenizer->context().addSeparator(",");
         nucs::cString first, second;
         *tokenizer >> first >> second;
         EXPECT_TRUE(first == "a" && second == "b");
-        EXPECT_EQ(comma.numHints(), 1u);
     }
-}
-
-TEST(cUTF8StringTokenizerTest, removesEncodedQuotes)
-{
-    cUTF8StringTokenizer tokenizer("");
-    nucs::cString text(L"\x2192"
-                       L"a\x2192\x2192"
-                       L"b");
-    tokenizer.removeQuotes(text);
-    EXPECT_EQ(text.length(), 5u);
-    tokenizer.context().setSingleQuote(nucs::cString(L"\x2192"));
-    tokenizer.removeQuotes(text);
-    EXPECT_TRUE(text
-                == L"a\x2192"
-                   L"b");
 }
 
 } // namespace

