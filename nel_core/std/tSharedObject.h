@@ -132,7 +132,8 @@ private:
         NEL_ASSERT(p.pointerType() != 1);
         return p ? new tSharedObjectData(p.pointerType() == tAutoPtrType::ptObject) : nullptr;
     }
-    void deleteObject()
+    // Not inline: g++ would take it that an object lent from the stack is deleted, and warn.
+    [[gnu::noinline]] void deleteObject()
     {
         static_assert(sizeof(T) > 0, "include the header of the type that the handle shares");
         T* const object = mpObject;
