@@ -35,6 +35,8 @@ void cAbstractLocalSignal::disconnect(cConnectable const& object)
     destroy(takeCallsOf(object));
 }
 
+void cAbstractLocalSignal::addParameterInfo(cPublicSignal&) { }
+
 void cAbstractLocalSignal::place(cAbstractSlotCall& call, ConnectionPolicy policy) noexcept
 {
     if (policy == cpPrepend)

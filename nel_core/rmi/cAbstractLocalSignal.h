@@ -22,6 +22,8 @@ public:
     /// Slots cannot be connected by name here: raises always.
     void connect(cConnectable& object, nstd::cAsciiString const& slotName, SlotResolving resolving) override;
     void disconnect(cConnectable const& object) override;
+    /// Does nothing.
+    void addParameterInfo(cPublicSignal& publicSignal) override;
 
     /// Whether any slot is connected.
     bool isConnected() const noexcept { return mpFirst != nullptr; }

@@ -24,11 +24,17 @@ public:
         srLazy = 0,   ///< on every emission
         srResolve = 1 ///< once, when connecting
     };
+    /// What a public signal is to those who exchange interfaces. Every number may stand here; it is kept
+    /// and travels unchanged.
+    enum InterfaceType : unsigned int {
+        itDefault = 0 ///< nothing in particular
+    };
 
     /// An unconnected emission raises.
     cAbstractSignal() = default;
     cAbstractSignal(cAbstractSignal const&) = delete;
     cAbstractSignal& operator=(cAbstractSignal const&) = delete;
+    /// Its public signals have no signal any more.
     virtual ~cAbstractSignal();
 
     /// Exchanges the invocation behaviours and nothing else.
@@ -39,6 +45,18 @@ public:
     /// Sets invocationBehavior().
     void setInvocationBehavior(InvocationBehavior behavior) noexcept { meInvocationBehavior = behavior; }
 
+    /// Publishes this signal as one of `target`, with its own type names and descriptions. The public signal
+    /// belongs to `target`. Nothing is published when that fails.
+    cPublicSignal& exportSignal(cConnectable& target, nstd::cAsciiString const& name, InterfaceType type,
+                                nstd::cAsciiString const& description);
+    /// The public signal, null while there is none. With several of them it is the latest that lives.
+    cPublicSignal* isPublicSignal() const noexcept { return mpPublicSignal; }
+    /// Sets isPublicSignal(); null takes all public signals of this one away. Whichever of the two dies
+    /// first, the other knows: the public signal has no signal then, or this one is not public any more.
+    void setPublicSignal(cPublicSignal* publicSignal) noexcept;
+    /// The name of the public signal; raises nstd::cBugException when there is none.
+    nstd::cAsciiString const& publicSignalName() const;
+
     /// Does what disconnect() does; called by a dying connectable.
     virtual void notifyConnectableDestroyed(cConnectable& object) = 0;
     /// Connects the slot of `object` that has the given name.
@@ -46,13 +64,21 @@ public:
                          SlotResolving resolving) = 0;
     /// Removes and deletes every slot call of the object; the others keep their order.
     virtual void disconnect(cConnectable const& object) = 0;
+    /// Describes the parameters and the return value of this signal in `publicSignal`, as far as it knows
+    /// them.
+    virtual void addParameterInfo(cPublicSignal& publicSignal) = 0;
     /// The types of the arguments as text; empty unless a signal tells them.
     virtual nstd::cAsciiString parametersTypeString() const;
     /// The return type as text; empty unless a signal tells it.
     virtual nstd::cAsciiString returnTypeString() const;
 
 private:
+    friend class cPublicSignal;
+
+    void unlink(cPublicSignal& publicSignal) noexcept;
+
     InvocationBehavior meInvocationBehavior = ibThrowUnconnected;
+    cPublicSignal* mpPublicSignal = nullptr; ///< not owned; the latest of a chain
 };
 
 } // namespace nrmi

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/rmi/cConnectable.h"
+#include "nel_core/sa/fwd.h"
 
 namespace nrmi {
 
@@ -23,16 +24,43 @@ public:
     /// entry out. A call without signal is left alone.
     void reAssign(cAbstractSignal* signal) noexcept;
 
+    /// Registers `slot` as a public slot of the object of this call, see cConnectable::registerSlot().
+    cPublicSlot& registerSlotByInterface(nstd::cAsciiString const& name,
+                                         nstd::cAsciiString const& returnTypeName,
+                                         nstd::cAsciiString const& paramTypeNames,
+                                         nstd::cAsciiString const& description,
+                                         nstd::tAutoPtr<cAbstractSlotCall> slot) const;
+    /// The public slot that owns this call, null unless it is registered. Copies are not.
+    cPublicSlot const* isPublicSlot() const noexcept { return mpPublicSlot; }
+    /// Sets isPublicSlot(), which must outlive this call or be taken back.
+    void setPublicSlot(cPublicSlot const* publicSlot) noexcept { mpPublicSlot = publicSlot; }
+    /// The name of the public slot; raises nstd::cBugException when there is none.
+    nstd::cAsciiString const& publicSlotName() const;
+
     /// Whether the slot is one of `object`'s.
     virtual bool matchSlotOfObject(cConnectable const* object) const;
+    /// Calls the slot with the arguments that the frame refers to, in their order, followed by the result.
+    /// Here nothing is called; a line in the debug output tells so.
+    virtual void call(nsa::cReferenceFrame& frame) const;
+    /// Calls the slot with arguments that are read, and writes its results. Here nothing is called; a stack
+    /// trace and a line in the debug output tell so.
+    virtual void call(nsa::cAbstractDeserializer& arguments, nsa::cAbstractSerializer& results) const;
+
+protected:
+    /// Prepares a call with `count` arguments and a result of the type with those names, the compiler's and
+    /// the library's: raises unless the frame has an entry for each argument and one for such a result
+    /// behind them, and starts its reading anew.
+    static void checkFrame(nsa::cReferenceFrame& frame, unsigned int count, char const* mangledResultType,
+                           char const* resultType);
 
 private:
     friend class cAbstractLocalSignal;
 
-    cConnectable* mpObject;              ///< not owned; it drops its calls before it dies
-    cSignalEntry mEntry;                 ///< in the object's list while connected
-    cAbstractSlotCall* mpNext = nullptr; ///< the call that the signal makes after this one
-    unsigned long long miMark = 0;       ///< of the nested emissions that have made this call
+    cConnectable* mpObject;                    ///< not owned; it drops its calls before it dies
+    cSignalEntry mEntry;                       ///< in the object's list while connected
+    cPublicSlot const* mpPublicSlot = nullptr; ///< not owned: it owns this call
+    cAbstractSlotCall* mpNext = nullptr;       ///< the call that the signal makes after this one
+    unsigned long long miMark = 0;             ///< of the nested emissions that have made this call
 };
 
 } // namespace nrmi

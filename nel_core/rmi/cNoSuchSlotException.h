@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/std/tExceptionLeaf.h"
 
@@ -11,6 +12,8 @@ class NEL_EXPORT cNoSuchSlotException
 public:
     /// `slotArgs` carries its own parentheses, as in "(?)".
     cNoSuchSlotException(nstd::cAsciiString const& slotName, nstd::cAsciiString const& slotArgs);
+    /// The arguments are the types of the frame's entries, or "(?)" when the frame does not tell them.
+    cNoSuchSlotException(nstd::cAsciiString const& slotName, nsa::cReferenceFrame& frame);
     cNoSuchSlotException(cNoSuchSlotException const&) = default;
     cNoSuchSlotException(cNoSuchSlotException&&) = default;
     ~cNoSuchSlotException() override;
@@ -23,6 +26,9 @@ public:
     nstd::cAsciiString const& slotArgs() const { return msSlotArgs; }
 
 private:
+    cNoSuchSlotException(char const* key, nstd::cAsciiString const& slotName,
+                         nstd::cAsciiString const& slotArgs);
+
     nstd::cAsciiString msSlotName;
     nstd::cAsciiString msSlotArgs;
 };

@@ -7,11 +7,17 @@ class cConnectable;
 class cAbstractSignal;
 class cAbstractLocalSignal;
 class cAbstractSlotCall;
+class cAbstractRMIFactory;
+class cSSValue;
+class cPublicDescription;
+class cPublicSignal;
+class cPublicSlot;
 
 class cRMIExceptions;
 class cUnconnectedSignalException;
 class cNoSuchSignalException;
 class cNoSuchSlotException;
+class cCallParameterMissmatchException;
 
 template<typename R, typename... A>
 class tLocalSignal;
@@ -19,6 +25,14 @@ template<typename R, typename... A>
 class tAbstractSlotCall;
 template<typename T, typename R, typename... A>
 class tDirectLocalSlotCall;
+template<typename T, typename R, typename... A>
+class tPublicLocalSlotCall;
+template<typename R>
+class signal0;
+template<typename R>
+class cIndirectLazySlotCall0;
+template<typename R>
+class cIndirectResolvingSlotCall0;
 
 /// Signals by the number of their arguments; `R` is what emission and slots return, normally piVoid.
 template<typename R>
@@ -49,5 +63,15 @@ template<typename T, typename R, typename A1, typename A2>
 using cDirectLocalSlotCall2 = tDirectLocalSlotCall<T, R, A1, A2>;
 template<typename T, typename R, typename A1, typename A2, typename A3>
 using cDirectLocalSlotCall3 = tDirectLocalSlotCall<T, R, A1, A2, A3>;
+
+/// Direct calls that can also be made by name; nrmi::publishSlot() makes and registers them.
+template<typename T, typename R>
+using cPublicLocalSlotCall0 = tPublicLocalSlotCall<T, R>;
+template<typename T, typename R, typename A1>
+using cPublicLocalSlotCall1 = tPublicLocalSlotCall<T, R, A1>;
+template<typename T, typename R, typename A1, typename A2>
+using cPublicLocalSlotCall2 = tPublicLocalSlotCall<T, R, A1, A2>;
+template<typename T, typename R, typename A1, typename A2, typename A3>
+using cPublicLocalSlotCall3 = tPublicLocalSlotCall<T, R, A1, A2, A3>;
 
 } // namespace nrmi

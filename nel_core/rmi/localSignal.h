@@ -5,10 +5,13 @@
 
 namespace nrmi {
 
-/// Signals with arguments can be emitted through a virtual call as well.
+/// Signals with arguments can be emitted through a virtual call as well, and they tell their types.
 template<typename R, typename... A>
 class tInvokableSignal : public cAbstractLocalSignal {
 public:
+    /// The names of the types as nsa::tTypeName gives them, without references and constness.
+    nstd::cAsciiString parametersTypeString() const override { return typeNames<A...>(); }
+    nstd::cAsciiString returnTypeString() const override { return typeNames<R>(); }
     /// Emits; returns a default `R`.
     virtual R invoke(A... args) = 0;
 };

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "nel_core/rmi/cAbstractSlotCall.h"
+#include "nel_core/rmi/cRMIExceptions.h"
+#include "nel_core/rmi/typeNames.h"
 #include "nel_core/std/cAsciiString.h"
 #include "nel_core/std/piAssert.h"
 #include "nel_core/std/piTypes.h"
@@ -14,6 +16,7 @@ template<typename R, typename... A>
 class tTypedSlotCall : public cAbstractSlotCall {
 public:
     using cAbstractSlotCall::cAbstractSlotCall;
+    using cAbstractSlotCall::call;
 
     /// Calls the slot and returns its result. The slot may delete this call, its object and its signal.
     virtual R call(A... args) const = 0;
@@ -23,6 +26,7 @@ template<typename R>
 class tTypedSlotCall<R> : public cAbstractSlotCall {
 public:
     using cAbstractSlotCall::cAbstractSlotCall;
+    using cAbstractSlotCall::call;
 
     /// Calls the slot and returns its result. The slot may delete this call, its object and its signal.
     virtual R call() const = 0;
@@ -36,8 +40,22 @@ public:
 template<typename R, typename... A>
 class tAbstractSlotCall : public tTypedSlotCall<R, A...> {
 public:
+    using tTypedSlotCall<R, A...>::call;
     using tTypedSlotCall<R, A...>::tTypedSlotCall;
 
+    /// Calls the slot as callRef() does, once the frame is known to have an entry for every argument and one
+    /// for the result. Raises what reading the frame raises; a result that is missing or of another type is
+    /// the cause of cRMIExceptions::throwMissingReturnValue(), unless there are no arguments.
+    void call(nsa::cReferenceFrame& frame) const override
+    {
+        this->checkFrame(frame, sizeof...(A), nsa::mangledTypeName<tPlain<R>>(),
+                         nsa::tTypeName<tPlain<R>>::name());
+        callRef(frame);
+    }
+
+    /// Calls the slot with the arguments under the frame's cursor and assigns the result to the entry behind
+    /// them.
+    virtual void callRef(nsa::cReferenceFrame& frame) const = 0;
     /// A new heap copy that is connected to `signal` and registered with its object; the caller owns it.
     [[nodiscard]] virtual tAbstractSlotCall* createConnectedInstance(cAbstractSignal& signal) const = 0;
 };
@@ -46,6 +64,8 @@ public:
 template<typename T, typename R, typename... A>
 class tDirectLocalSlotCall : public tAbstractSlotCall<R, A...> {
 public:
+    using tAbstractSlotCall<R, A...>::call;
+
     /// The member functions that can be called: the argument types are spelled as in the signal.
     typedef R (T::*tSlot)(A...);
 
@@ -58,20 +78,21 @@ public:
     }
 
     /// Calls the member function on the object.
-    R call(A... args) const override
+    R call(A... args) const override { return callDirectly(std::forward<A>(args)...); }
+    /// Refuses calls by name: raises always.
+    void call(nsa::cAbstractDeserializer&, nsa::cAbstractSerializer&) const override
     {
-        // Nothing of this call is used once the slot runs, which may have deleted it.
-        T* const target = mpTarget;
-        tSlot const member = mpSlot;
-        return (target->*member)(std::forward<A>(args)...);
+        cRMIExceptions::throwIndirectLocalSlotCall();
     }
+    /// Refuses calls by name: raises always.
+    void callRef(nsa::cReferenceFrame&) const override { cRMIExceptions::throwIndirectCallSlotCallRef(); }
 
     [[nodiscard]] tAbstractSlotCall<R, A...>* createConnectedInstance(cAbstractSignal& signal) const override
     {
         return new tDirectLocalSlotCall(*this, signal);
     }
 
-private:
+protected:
     tDirectLocalSlotCall(tDirectLocalSlotCall const& other, cAbstractSignal& signal)
         : tAbstractSlotCall<R, A...>(other.assignedObject(), &signal),
           mpTarget(other.mpTarget),
@@ -79,6 +100,14 @@ private:
     {
     }
 
+    /// Calls the member function. Nothing of this call is used once the slot runs, which may have deleted it.
+    template<typename... Args>
+    R callDirectly(Args&&... args) const
+    {
+        return (mpTarget->*mpSlot)(std::forward<Args>(args)...);
+    }
+
+private:
     static cConnectable& required(T* object)
     {
         NEL_ASSERT(object != 0);

@@ -8,7 +8,10 @@
 #include "nel_core/pi/cDebugEntry.h"
 #include "nel_core/pi/cPlatform.h"
 #include "nel_core/pi/piStackTrace.h"
+#include "nel_core/sa/saOperators.h"
+#include "nel_core/std/cAbstractExceptionFactory.h"
 #include "nel_core/std/cAsciiString.h"
+#include "nel_core/std/cRuntimeException.h"
 #include "nel_core/std/piAssert.h"
 #include "nel_core/std/raise.h"
 #include "nel_core/ucs/cLIMessage.h"
@@ -35,6 +38,36 @@ void obeyEnvironment(char const* tag, unsigned int line)
         writeStackTrace(tag, line);
     else if (std::strcmp(wish, "break") == 0)
         npi::breakPoint();
+}
+
+bool loadBool(nsa::cAbstractDeserializer& deserializer)
+{
+    bool value = false;
+    value << deserializer;
+    return value;
+}
+
+// The object that follows its type name in a stream; empty when there is none of that name or it cannot be
+// loaded.
+tAutoPtr<cAbstractException> tryLoad(cAsciiString const& typeName, nsa::cAbstractDeserializer& deserializer,
+                                     cAbstractExceptionFactory const& factory)
+{
+    try {
+        auto loaded = factory.createException(typeName);
+        if (loaded)
+            loaded->load(deserializer);
+        if (loaded && loaded.pointerType() != tAutoPtrType::ptObject) // a chain cannot own it
+            loaded.reinit(loaded->createObject(), tAutoPtrType::ptObject);
+        return loaded;
+    } catch (cAbstractException const&) {
+        return tAutoPtr<cAbstractException>();
+    }
+}
+
+tAutoPtr<cAbstractException> unknownType(cAsciiString const& typeName)
+{
+    return tAutoPtr<cAbstractException>(
+        new cRuntimeException(makeMessage("$MTR$Unknown exception type %s%!", typeName)));
 }
 
 } // namespace
@@ -103,6 +136,21 @@ void cAbstractException::dump() const
         exception->dumpLine();
 }
 
+void cAbstractException::store(nsa::cAbstractSerializer& serializer) const
+{
+    typeName() >> serializer;
+    static_cast<unsigned int>(meType) >> serializer;
+    outOfMemoryCondition() >> serializer;
+}
+
+void cAbstractException::load(nsa::cAbstractDeserializer& deserializer)
+{
+    unsigned int type = tyBug;
+    type << deserializer;
+    meType = type == tyBug ? tyBug : tyRuntime;
+    mbOutOfMemory << deserializer;
+}
+
 bool cAbstractException::outOfMemoryCondition() const
 {
     return mbOutOfMemory;
@@ -138,6 +186,38 @@ cAbstractException* cAbstractException::getHistory(bool& outOfMemory) const
             break;
         end = &copy->mpHistory;
         lost = &copy->mbOutOfMemory;
+    }
+    return first;
+}
+
+void cAbstractException::storeRecursive(nsa::cAbstractSerializer& serializer) const
+{
+    npi::cDebugEntry(NEL_SOURCE_TAG, __LINE__) << "cAbstractException::storeRecursive";
+    for (auto* exception = this; exception; exception = exception->mpHistory) {
+        true >> serializer;
+        exception->store(serializer);
+    }
+    false >> serializer;
+}
+
+tAutoPtr<cAbstractException> cAbstractException::createFromStream(nsa::cAbstractDeserializer& deserializer,
+                                                                  cAbstractExceptionFactory const& factory)
+{
+    tAutoPtr<cAbstractException> first;
+    cAbstractException* end = nullptr; // the last of the chain: walking there each time would be quadratic
+    bool isLast = false;
+    while (!isLast && loadBool(deserializer)) {
+        cAsciiString name;
+        name << deserializer;
+        auto loaded = tryLoad(name, deserializer, factory);
+        isLast = !loaded;
+        if (isLast)
+            loaded = unknownType(name);
+        if (end)
+            end->link(loaded.release());
+        else
+            first = loaded;
+        end = end ? &end->last() : &first->last();
     }
     return first;
 }

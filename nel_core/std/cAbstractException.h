@@ -1,8 +1,10 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/fwd.h"
 #include "nel_core/std/piTypes.h"
+#include "nel_core/std/tAutoPtr.h"
 #include "nel_core/ucs/fwd.h"
 
 namespace nstd {
@@ -42,6 +44,12 @@ public:
     virtual void dialog() const;
     /// Writes one line for each exception of the chain, kind and text, to the debug output.
     virtual void dump() const;
+    /// Writes this exception alone: its type name (ASCII string), its kind (`unsigned int`) and the
+    /// out-of-memory condition (bool). A class with content of its own adds it behind that of its base.
+    virtual void store(nsa::cAbstractSerializer& serializer) const;
+    /// Reads what store() writes, without the type name: that has gone into the choice of the class. Any kind
+    /// but tyBug is tyRuntime. A failed load keeps what it has loaded so far.
+    virtual void load(nsa::cAbstractDeserializer& deserializer);
     /// Whether this very exception lost its history because there was no memory to copy it.
     virtual bool outOfMemoryCondition() const;
 
@@ -56,6 +64,15 @@ public:
     /// copy that breaks off further down has the condition set in its last exception. Raises nothing. While
     /// a chain is copied, a member's createObject() finds its own history missing here: it is copied next.
     [[nodiscard]] cAbstractException* getHistory(bool& outOfMemory) const;
+
+    /// Writes the whole chain: before each exception the bool true, at the end the bool false. Leaves an
+    /// entry in the debug output.
+    void storeRecursive(nsa::cAbstractSerializer& serializer) const;
+    /// Reads what storeRecursive() writes, with objects from `factory`; empty when the chain is. A class that
+    /// the factory does not know, and one whose load() raises a cAbstractException, end the chain with a
+    /// cRuntimeException that names it, and the reading there. Other errors of `deserializer` pass.
+    [[nodiscard]] static tAutoPtr<cAbstractException>
+    createFromStream(nsa::cAbstractDeserializer& deserializer, cAbstractExceptionFactory const& factory);
 
     /// Whether this or any exception of its chain has the out-of-memory condition.
     bool hasOutOfMemoryCondition() const;

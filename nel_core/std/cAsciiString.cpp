@@ -4,6 +4,8 @@
 #include <cstring>
 #include <utility>
 
+#include "nel_core/sa/cAbstractDeserializer.h"
+#include "nel_core/sa/cAbstractSerializer.h"
 #include "nel_core/std/cNumberConversion.h"
 #include "nel_core/std/cNumberConversionFormat.h"
 
@@ -403,6 +405,18 @@ bool cAsciiString::operator==(char const* text) const
 bool cAsciiString::operator==(cAsciiString const& other) const
 {
     return other.length() == length() && isEqual(other.c_str(), length());
+}
+
+nsa::cAbstractSerializer& cAsciiString::operator>>(nsa::cAbstractSerializer& serializer) const
+{
+    serializer.store(*this);
+    return serializer;
+}
+
+nsa::cAbstractDeserializer& cAsciiString::operator<<(nsa::cAbstractDeserializer& deserializer)
+{
+    deserializer.load(*this);
+    return deserializer;
 }
 
 } // namespace nstd

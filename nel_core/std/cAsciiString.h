@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "nel_core/export.h"
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/tArray.h"
 #include "nel_core/std/tConstArrayRef.h"
 
@@ -119,6 +120,10 @@ public:
     bool operator!=(char const* text) const { return !(*this == text); }
     bool operator==(cAsciiString const& other) const;
     bool operator!=(cAsciiString const& other) const { return !(*this == other); }
+
+    /// Store and load the string as the serializer's own kind of value. A failed load changes nothing.
+    nsa::cAbstractSerializer& operator>>(nsa::cAbstractSerializer& serializer) const;
+    nsa::cAbstractDeserializer& operator<<(nsa::cAbstractDeserializer& deserializer);
 
 private:
     void assign(char const* source, unsigned int count);

@@ -44,4 +44,16 @@ void cBugException::setMsg(nucs::cLIMessage const& message)
     mMessage = message;
 }
 
+void cBugException::store(nsa::cAbstractSerializer& serializer) const
+{
+    cAbstractException::store(serializer);
+    mMessage >> serializer;
+}
+
+void cBugException::load(nsa::cAbstractDeserializer& deserializer)
+{
+    cAbstractException::load(deserializer);
+    mMessage << deserializer;
+}
+
 } // namespace nstd

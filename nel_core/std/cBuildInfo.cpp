@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "nel_core/sa/saOperators.h"
+
 namespace nstd {
 
 cBuildInfo::cBuildInfo() : cBuildInfo("unknown", "unknown", "unknown", "unknown", "unknown", 0) { }
@@ -36,6 +38,24 @@ void cBuildInfo::swap(cBuildInfo& other) noexcept
     msBuildHost.swap(other.msBuildHost);
     msBuildDate.swap(other.msBuildDate);
     std::swap(miBuildCount, other.miBuildCount);
+}
+
+nsa::cAbstractSerializer& cBuildInfo::operator>>(nsa::cAbstractSerializer& serializer) const
+{
+    for (auto const* text : {&msBuildSystem, &msCompiler, &msCompilerVersion, &msBuildHost, &msBuildDate})
+        *text >> serializer;
+    return miBuildCount >> serializer;
+}
+
+nsa::cAbstractDeserializer& cBuildInfo::operator<<(nsa::cAbstractDeserializer& deserializer)
+{
+    cBuildInfo loaded;
+    for (auto* text : {&loaded.msBuildSystem, &loaded.msCompiler, &loaded.msCompilerVersion,
+                       &loaded.msBuildHost, &loaded.msBuildDate})
+        *text << deserializer;
+    loaded.miBuildCount << deserializer;
+    swap(loaded);
+    return deserializer;
 }
 
 } // namespace nstd

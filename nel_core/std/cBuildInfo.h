@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/cAsciiString.h"
 
 namespace nstd {
@@ -25,6 +26,11 @@ public:
     cAsciiString buildDate() const { return msBuildDate; }
     /// The running number of the build.
     unsigned long long buildCount() const { return miBuildCount; }
+
+    /// The stored form is the five texts in the order above, as ASCII strings, then the number as `unsigned
+    /// long long`. A failed load changes nothing.
+    nsa::cAbstractSerializer& operator>>(nsa::cAbstractSerializer& serializer) const;
+    nsa::cAbstractDeserializer& operator<<(nsa::cAbstractDeserializer& deserializer);
 
 private:
     cAsciiString msBuildSystem;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "nel_core/pi/cSysTime.h"
+#include "nel_core/sa/saOperators.h"
 #include "nel_core/std/cAsciiString.h"
 
 namespace nstd {
@@ -11,6 +12,7 @@ namespace {
 
 constexpr unsigned long long kDay = 86400000000; // microseconds
 constexpr unsigned long long kDaysToEpoch = 719164;
+constexpr char kLabel[] = "DateTime";
 
 // Modulo 2^64: the offset of a zone east of Greenwich is a negative count.
 cTime corrected(unsigned long long time, cDateTime::ZoneInfo zone)
@@ -65,6 +67,23 @@ cAsciiString cDateTime::formatString(cTime const& time, cAsciiString const& form
     text.replace("dn", date.nameOfDay().c_str());
     text.replace("mn", date.nameOfMonth().c_str());
     return text;
+}
+
+nsa::cAbstractSerializer& cDateTime::operator>>(nsa::cAbstractSerializer& serializer) const
+{
+    if (!serializer.noLabelsPreferred())
+        serializer.newLabel(kLabel);
+    return mTime.get() >> serializer;
+}
+
+nsa::cAbstractDeserializer& cDateTime::operator<<(nsa::cAbstractDeserializer& deserializer)
+{
+    if (!deserializer.noLabelsPreferred())
+        deserializer.findLabel(kLabel);
+    unsigned long long time = 0;
+    time << deserializer;
+    mTime.set(time);
+    return deserializer;
 }
 
 } // namespace nstd

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/cDate.h"
 #include "nel_core/std/cTime.h"
 
@@ -45,6 +46,11 @@ public:
     bool operator!=(cDateTime const& other) const noexcept { return mTime != other.mTime; }
     bool operator<(cDateTime const& other) const noexcept { return mTime < other.mTime; }
     bool operator>(cDateTime const& other) const noexcept { return mTime > other.mTime; }
+
+    /// The stored form is the UTC time as `unsigned long long`; where labels are welcome, it stands behind
+    /// one ("DateTime"). A failed load changes nothing.
+    nsa::cAbstractSerializer& operator>>(nsa::cAbstractSerializer& serializer) const;
+    nsa::cAbstractDeserializer& operator<<(nsa::cAbstractDeserializer& deserializer);
 
 private:
     cTime mTime;

@@ -36,4 +36,16 @@ void cRuntimeException::setMsg(nucs::cLIMessage const& message)
     mMessage = message;
 }
 
+void cRuntimeException::store(nsa::cAbstractSerializer& serializer) const
+{
+    cAbstractException::store(serializer);
+    mMessage >> serializer;
+}
+
+void cRuntimeException::load(nsa::cAbstractDeserializer& deserializer)
+{
+    cAbstractException::load(deserializer);
+    mMessage << deserializer;
+}
+
 } // namespace nstd

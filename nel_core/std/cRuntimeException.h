@@ -22,6 +22,9 @@ public:
     nucs::cLIMessage const* liMessage() const override;
     /// Replaces the message.
     void setMsg(nucs::cLIMessage const& message);
+    /// The message follows what the base stores.
+    void store(nsa::cAbstractSerializer& serializer) const override;
+    void load(nsa::cAbstractDeserializer& deserializer) override;
 
 private:
     nucs::cLIMessage mMessage;

@@ -81,6 +81,7 @@ class cDateTime;
 class cTimer;
 
 class cAbstractException;
+class cAbstractExceptionFactory;
 class cBugException;
 class cRuntimeException;
 class cOutOfRangeException;

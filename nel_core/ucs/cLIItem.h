@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/cAsciiString.h"
 #include "nel_core/ucs/cString.h"
 
@@ -16,4 +17,9 @@ struct NEL_EXPORT cLIItem {
     nstd::cAsciiString name; ///< the placeholder with its opening percent sign and without the closing one
     nucs::cString value;
     liType type = liString;
+
+    /// The stored form is the name, the value and the type as `unsigned int`. A failed load keeps what it has
+    /// loaded so far.
+    nsa::cAbstractSerializer& operator>>(nsa::cAbstractSerializer& serializer) const;
+    nsa::cAbstractDeserializer& operator<<(nsa::cAbstractDeserializer& deserializer);
 };

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "nel_core/pi/cAbstractOut.h"
+#include "nel_core/sa/saOperators.h"
 #include "nel_core/std/cAsciiString.h"
 #include "nel_core/std/cNumberConversion.h"
 #include "nel_core/std/cNumberConversionFormat.h"
@@ -21,6 +22,8 @@ constexpr char kTranslatable[] = "$MTR$";
 constexpr char kNotTranslatable[] = "$MNTR$";
 constexpr char kMissing[] = "???";
 constexpr unsigned int kBackslash = '\\';
+constexpr unsigned int kRepeatedMax = 1u << 20; // code points that the repetitions of values add to a text
+constexpr unsigned int kCopiedMax = 1u << 16;   // code points of a text that is worth a pool that fits
 
 // A character of a key or of a translation, as text.
 unsigned int codePointOf(char byte)
@@ -96,24 +99,120 @@ public:
         }
     }
 
-    cString const& text() const { return moText; }
+    // Replaces `out` by the text, which is gone then; the growth settings of `out` stay.
+    void moveTo(cString& out)
+    {
+        if (moText.length() <= kCopiedMax) {
+            out = moText.array();
+            return;
+        }
+        moText.setGrowStep(out.growStep());
+        moText.setFitOnErase(out.fitOnErase());
+        moText.optimizeMemory();
+        out.swap(moText);
+    }
 
 private:
+    // By a quarter at least: a long text does not grow by small steps.
     void makeRoom(unsigned int count)
     {
-        auto const length = moText.appendElements(count);
+        if (count <= moText._poolSize() - moText.length())
+            return;
+        auto const length = moText.appendElements(std::max(count, moText.length() / 4));
         moText.truncate(length);
     }
 
     void add(unsigned int codePoint)
     {
         mbEscaped = !mbEscaped && codePoint == kBackslash;
-        if (!mbEscaped)
-            moText.append(codePoint);
+        if (mbEscaped)
+            return;
+        if (moText.length() == moText._poolSize())
+            makeRoom(1);
+        moText.append(codePoint);
     }
 
     cString moText;
     bool mbEscaped = false;
+};
+
+// The values of a message while one text is made of them, found by the names of their placeholders.
+//
+// A message from outside may have any number of values and of placeholders: all but the first few values are
+// sorted once the first few do not do, and what showing values again and again may add is limited.
+class cValues {
+public:
+    explicit cValues(nstd::tList<cLIItem> const& items) : mItems(items) { }
+    cValues(cValues const&) = delete;
+    cValues& operator=(cValues const&) = delete;
+
+    // The first value of that name; null when there is none, or when it is not to be repeated any more.
+    cString const* take(nstd::cAsciiString const& name)
+    {
+        unsigned int index = 0;
+        for (auto const& item : mItems) {
+            if (index == kFew)
+                return takeSorted(name);
+            if (item.name == name)
+                return take(item, mabIsShown[index]);
+            ++index;
+        }
+        return nullptr;
+    }
+
+private:
+    struct cEntry {
+        cLIItem const* item;
+        unsigned int index; // in the list: the first of a name counts
+        bool isShown;
+    };
+    static constexpr unsigned int kFew = 8;
+
+    static bool isBefore(cEntry const& left, cEntry const& right)
+    {
+        auto const relation = left.item->name.relation(right.item->name);
+        return relation < 0 || (relation == 0 && left.index < right.index);
+    }
+
+    cString const* take(cLIItem const& item, bool& isShown)
+    {
+        if (!std::exchange(isShown, true))
+            return &item.value;
+        if (item.value.length() > miRepeatable)
+            return nullptr;
+        miRepeatable -= item.value.length();
+        return &item.value;
+    }
+
+    cString const* takeSorted(nstd::cAsciiString const& name)
+    {
+        if (!mpSorted)
+            sort();
+        auto* const end = mpSorted.get() + miCount;
+        auto* const entry =
+            std::lower_bound(mpSorted.get(), end, name, [](cEntry const& at, auto const& wanted) {
+                return at.item->name.relation(wanted) < 0;
+            });
+        return entry != end && entry->item->name == name ? take(*entry->item, entry->isShown) : nullptr;
+    }
+
+    void sort()
+    {
+        mpSorted = nstd::tAutoPtr<cEntry>(new cEntry[mItems.size()], nstd::tAutoPtrType::ptArray);
+        unsigned int index = 0;
+        for (auto const& item : mItems) {
+            if (index >= kFew)
+                mpSorted[miCount++] = cEntry{&item, index, false};
+            ++index;
+        }
+        std::sort(mpSorted.get(), mpSorted.get() + miCount, &isBefore);
+    }
+
+    nstd::tList<cLIItem> const& mItems;
+    bool mabIsShown[kFew] = {};      // of the first few
+    nstd::tAutoPtr<cEntry> mpSorted; // the others; null until they are wanted
+    unsigned int miCount = 0;        // of the others
+    unsigned int miRepeatable = kRepeatedMax;
 };
 
 bool removeSpecial(char const*& text, unsigned int& length, char const* marker)
@@ -151,10 +250,11 @@ public:
     void untranslated(cString& out) const { translate(msKey.c_str(), msKey.length(), out); }
     template<typename Char>
     void translate(Char const* source, unsigned int length, cString& out) const;
+    void store(nsa::cAbstractSerializer& serializer) const;
+    void load(nsa::cAbstractDeserializer& deserializer);
 
 private:
     void setKey(char const* text, unsigned int length);
-    void addValue(nstd::cAsciiString const& name, cUnescaped& out) const;
 
     nstd::cAsciiString msKey;
     unsigned int miScanPosition = 0; // in the key, where the search for the next placeholder starts
@@ -240,6 +340,7 @@ template<typename Char>
 void cLIMessage::cImpl::translate(Char const* source, unsigned int length, cString& out) const
 {
     cUnescaped text(length);
+    cValues values(moArguments);
     nstd::cAsciiString name;
     name.setFitOnErase(false);
     unsigned int literal = 0;
@@ -247,20 +348,38 @@ void cLIMessage::cImpl::translate(Char const* source, unsigned int length, cStri
     unsigned int start = 0;
     while (getNextArg(source, length, position, start, name)) {
         text.add(source + literal, start - literal);
-        addValue(name, text);
+        if (auto const* const value = values.take(name))
+            text.addVerbatim(*value);
+        else
+            text.add(kMissing, sizeof(kMissing) - 1);
         literal = position;
     }
     text.add(source + literal, length - literal);
-    out = text.text().array();
+    text.moveTo(out);
 }
 
-void cLIMessage::cImpl::addValue(nstd::cAsciiString const& name, cUnescaped& out) const
+void cLIMessage::cImpl::store(nsa::cAbstractSerializer& serializer) const
 {
-    for (auto const& item : moArguments) {
-        if (item.name == name)
-            return out.addVerbatim(item.value);
-    }
-    out.add(kMissing, sizeof(kMissing) - 1);
+    nsa::cContext outer(serializer.newContext(nullptr));
+    nsa::cContext inner(serializer.newContext(nullptr));
+    msKey >> serializer;
+    miScanPosition >> serializer;
+    mbTranslatable >> serializer;
+    moArguments >> serializer;
+    inner.release();
+    outer.release();
+}
+
+void cLIMessage::cImpl::load(nsa::cAbstractDeserializer& deserializer)
+{
+    nsa::cContext outer(deserializer.getContext(nullptr));
+    nsa::cContext inner(deserializer.getContext(nullptr));
+    msKey << deserializer;
+    miScanPosition << deserializer;
+    mbTranslatable << deserializer;
+    moArguments << deserializer;
+    inner.release();
+    outer.release();
 }
 
 cLIMessage::cLIMessage() noexcept : mpImpl(nullptr) { }
@@ -395,6 +514,18 @@ void cLIMessage::untranslated(nstd::cAsciiString& out) const
     cString text;
     untranslated(text);
     out = text.ascii();
+}
+
+nsa::cAbstractSerializer& cLIMessage::operator>>(nsa::cAbstractSerializer& serializer) const
+{
+    impl().store(serializer);
+    return serializer;
+}
+
+nsa::cAbstractDeserializer& cLIMessage::operator<<(nsa::cAbstractDeserializer& deserializer)
+{
+    ownImpl().load(deserializer);
+    return deserializer;
 }
 
 npi::cAbstractOut& operator<<(npi::cAbstractOut& out, cLIMessage const& message)

@@ -2,6 +2,7 @@
 
 #include "nel_core/export.h"
 #include "nel_core/pi/fwd.h"
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/fwd.h"
 #include "nel_core/ucs/fwd.h"
 
@@ -19,6 +20,9 @@ namespace nucs {
 /// sign or to just before the next space; a backslash takes the meaning from the character after it. Values
 /// without a placeholder are dropped, placeholders without a value are shown as "???". Content never makes an
 /// error.
+///
+/// A message from outside cannot blow up its text: each value is shown in full once, but all repetitions of
+/// values together add at most 2^20 code points. A repetition that would go beyond that is shown as "???".
 class NEL_EXPORT cLIMessage {
 public:
     /// The empty message; takes no memory.
@@ -60,6 +64,16 @@ public:
     void untranslated(cString& out) const;
     /// The same as ASCII, with "?" for every character above 127.
     void untranslated(nstd::cAsciiString& out) const;
+
+    /// The stored form is an unnamed context inside an unnamed context. It holds the key (ASCII string), the
+    /// index into the key from which the next placeholder is searched (`unsigned int`), whether the message
+    /// is translatable (bool), and one more unnamed context with the values in their order: of each the
+    /// placeholder with its opening percent sign (ASCII string), the text (Unicode string) and its
+    /// cLIItem::liType. The number format is not stored.
+    nsa::cAbstractSerializer& operator>>(nsa::cAbstractSerializer& serializer) const;
+    /// Replaces all but the number format. A failed load keeps what it has loaded so far; the values change
+    /// all at once.
+    nsa::cAbstractDeserializer& operator<<(nsa::cAbstractDeserializer& deserializer);
 
 private:
     class cImpl;

@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "nel_core/pi/cAbstractOut.h"
+#include "nel_core/sa/cAbstractDeserializer.h"
+#include "nel_core/sa/cAbstractSerializer.h"
 #include "nel_core/std/cAsciiString.h"
 #include "nel_core/std/cNumberConversion.h"
 #include "nel_core/std/cNumberConversionFormat.h"
@@ -418,6 +420,18 @@ void cString::setFixedLength(unsigned int length, cString const& suffix, unsigne
         return leftAdjust(fixed, fill);
     std::copy_n(suffix.data(true), suffix.length(), data() + (fixed - suffix.length()));
     truncate(fixed);
+}
+
+nsa::cAbstractSerializer& cString::operator>>(nsa::cAbstractSerializer& serializer) const
+{
+    serializer.store(*this);
+    return serializer;
+}
+
+nsa::cAbstractDeserializer& cString::operator<<(nsa::cAbstractDeserializer& deserializer)
+{
+    deserializer.load(*this);
+    return deserializer;
 }
 
 // Makes all the room at once, so that a failure changes nothing.

@@ -4,6 +4,7 @@
 
 #include "nel_core/export.h"
 #include "nel_core/pi/fwd.h"
+#include "nel_core/sa/fwd.h"
 #include "nel_core/std/tArray.h"
 #include "nel_core/ucs/fwd.h"
 
@@ -127,6 +128,10 @@ public:
     /// The string as its array type.
     tArrayType& array() { return *this; }
     tArrayType const& array() const { return *this; }
+
+    /// Store and load the string as the serializer's own kind of value. A failed load changes nothing.
+    nsa::cAbstractSerializer& operator>>(nsa::cAbstractSerializer& serializer) const;
+    nsa::cAbstractDeserializer& operator<<(nsa::cAbstractDeserializer& deserializer);
 
 private:
     void pad(unsigned int before, unsigned int behind, unsigned int fill);

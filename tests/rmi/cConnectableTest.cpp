@@ -25,6 +25,7 @@ public:
     }
     void connect(nrmi::cConnectable&, nstd::cAsciiString const&, SlotResolving) override { }
     void disconnect(nrmi::cConnectable const&) override { }
+    void addParameterInfo(nrmi::cPublicSignal&) override { }
 
     std::function<void(nrmi::cConnectable&)> mAction;
 

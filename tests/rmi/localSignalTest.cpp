@@ -398,7 +398,12 @@ public:
     {
     }
 
+    using tAbstractSlotCall::call;
     piVoid call() const override { return mActor.sltCalled(); }
+    void callRef(nsa::cReferenceFrame&) const override
+    {
+        nrmi::cRMIExceptions::throwIndirectCallSlotCallRef();
+    }
     [[nodiscard]] nrmi::cAbstractSlotCall0<piVoid>*
     createConnectedInstance(nrmi::cAbstractSignal& signal) const override
     {

@@ -16,8 +16,12 @@
 #include "nel_core/std/cOutOfRangeException.h"
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/ucs/cString.h"
+#include "tests/support/cDebugRecorder.h"
+#include "tests/support/cFailingMemory.h"
 #include "tests/support/cSystemFixture.h"
 #include "tests/support/raisedBy.h"
+#include "tests/support/storedForm.h"
+#include "tests/support/tNamedExceptions.h"
 
 namespace {
 
@@ -242,6 +246,128 @@ TEST_F(cAbstractExceptionTest, aChainMayBeLongerThanTheStackIsDeep)
     pthread_join(thread, nullptr);
     pthread_attr_destroy(&attributes);
     EXPECT_EQ(length, 1u << 13);
+}
+
+class cFactory : public ntest::tNamedExceptions<cBugException, cRuntimeException, cBareException> {
+public:
+    nstd::tAutoPtr<cAbstractException> createException(nstd::cAsciiString const& name) const override
+    {
+        static cBareException shared("shared");
+        if (name == "cRefused")
+            throw cRuntimeException(message("no"));
+        if (name == "cShared")
+            return nstd::tAutoPtr<cAbstractException>(&shared, nstd::tAutoPtrType::ptUnowned);
+        return tNamedExceptions::createException(name);
+    }
+};
+
+std::string stored(char const* name, unsigned int type, std::string const& rest, bool outOfMemory = false)
+{
+    return ntest::boolean(true) + ntest::ascii(name) + ntest::number(type) + ntest::boolean(outOfMemory)
+           + rest;
+}
+
+nstd::tAutoPtr<cAbstractException> readFrom(std::string const& bytes)
+{
+    return ntest::read(bytes,
+                       [](auto& source) { return cAbstractException::createFromStream(source, cFactory()); });
+}
+
+std::string storedChain()
+{
+    return stored("cBugException", 0, ntest::message("A", 0, ""))
+           + stored("cRuntimeException", 1, ntest::message("B", 0, "")) + stored("cBareException", 1, "")
+           + stored("cBugException", 0, ntest::message("C", 0, "")) + ntest::boolean(false);
+}
+
+TEST_F(cAbstractExceptionTest, aChainIsStoredAndRebuilt)
+{
+    cBugException error(message("A"));
+    error.link(cRuntimeException(message("B")));
+    error.link(cBareException());
+    error.link(cBugException(message("C")));
+    ntest::cDebugRecorder recorder;
+    EXPECT_EQ(ntest::written([&](auto& target) { error.storeRecursive(target); }), storedChain());
+    EXPECT_EQ(recorder.count("cAbstractException::storeRecursive"), 1u);
+
+    auto const rebuilt = readFrom(storedChain());
+    ASSERT_TRUE(rebuilt);
+    ASSERT_EQ(namesOf(*rebuilt), "A B bare C ");
+    EXPECT_EQ(rebuilt->type(), cAbstractException::tyBug);
+    EXPECT_EQ(rebuilt->history()->type(), cAbstractException::tyRuntime);
+    EXPECT_FALSE(readFrom(ntest::boolean(false)));
+
+    nstd::cOutOfBoundsException const leaf("tX", "at");
+    EXPECT_NE(ntest::written([&](auto& target) { leaf.store(target); }).find("cOutOfBoundsException"),
+              std::string::npos);
+}
+
+TEST_F(cAbstractExceptionTest, whatCannotBeRebuiltEndsTheChain)
+{
+    auto const a = stored("cBugException", 7, ntest::message("A", 0, ""), true);
+    struct {
+        std::string bytes, names;
+    } const rows[] = {
+        {a + stored("cAlien", 0, a), "A Unknown exception type cAlien! "},
+        {stored("", 0, a), "Unknown exception type ! "},
+        {a + stored("cRefused", 0, a), "A Unknown exception type cRefused! "},
+        {stored("cShared", 1, "") + stored("cShared", 1, "") + stored("", 0, ""),
+         "shared shared Unknown exception type ! "},
+        {a + stored("cBugException", 0, ntest::number(1) + a), "A Unknown exception type cBugException! "},
+        {ntest::boolean(true) + ntest::ascii("cBareException") + a,
+         "Unknown exception type cBareException! "},
+    };
+    for (auto const& row : rows) {
+        auto const rebuilt = readFrom(row.bytes);
+        ASSERT_TRUE(rebuilt);
+        EXPECT_EQ(namesOf(*rebuilt), row.names);
+        EXPECT_EQ(rebuilt->type(), cAbstractException::tyRuntime);
+        EXPECT_EQ(rebuilt->outOfMemoryCondition(), row.names[0] == 'A');
+    }
+}
+
+TEST_F(cAbstractExceptionTest, aCutChainRaisesOrEndsWithTheClassThatWasCut)
+{
+    auto const whole = storedChain();
+    unsigned int raised = 0;
+    for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+        try {
+            auto const names = namesOf(*readFrom(whole.substr(0, cut)));
+            EXPECT_EQ(names.substr(names.rfind("Unknown"), 24), "Unknown exception type c") << cut;
+        } catch (cAbstractException const&) {
+            ++raised;
+        }
+    }
+    EXPECT_EQ(raised, 5 * 8 + 4 * 8 + 13 + 17 + 14 + 13u) << "the bools and the names";
+}
+
+TEST_F(cAbstractExceptionTest, aChainIsRebuiltWhollyOrWithoutLoss)
+{
+    if (!ntest::cFailingMemory::isAvailable())
+        GTEST_SKIP();
+    auto const bytes = storedChain();
+    nstd::tAutoPtr<cAbstractException> rebuilt;
+    namesOf(*readFrom(bytes)); // takes what is taken once in a process
+    auto const before = ntest::cFailingMemory::inUse();
+    auto const read = [&] { rebuilt = readFrom(bytes); };
+    auto const check = [&] {
+        EXPECT_EQ(rebuilt ? namesOf(*rebuilt) : "A B bare C ", "A B bare C ");
+        rebuilt.reset(nullptr, nstd::tAutoPtrType::ptObject);
+        EXPECT_EQ(ntest::cFailingMemory::inUse(), before);
+    };
+    EXPECT_GT(ntest::failEachRequest(read, check), 10u);
+}
+
+TEST_F(cAbstractExceptionTest, aLongChainIsRebuilt)
+{
+    std::string bytes;
+    for (int i = 0; i < 100000; ++i)
+        bytes += stored("cBareException", 1, "");
+    auto const rebuilt = readFrom(bytes + ntest::boolean(false));
+    unsigned int length = 0;
+    for (cAbstractException const* e = rebuilt.get(); e; e = e->history())
+        ++length;
+    EXPECT_EQ(length, 100000u);
 }
 
 TEST_F(cAbstractExceptionTest, theEnvironmentAsksForATraceOfEveryException)

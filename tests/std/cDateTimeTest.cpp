@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include "nel_core/std/cAsciiString.h"
+#include "nel_core/std/cOutOfRangeException.h"
 #include "tests/support/raisedBy.h"
+#include "tests/support/storedForm.h"
 
 namespace {
 
@@ -51,6 +53,22 @@ TEST(cDateTimeTest, formats)
     };
     for (auto const& row : rows)
         EXPECT_EQ(ntest::text(cDateTime(time, row.date).formatString(row.format)), row.text);
+}
+
+TEST(cDateTimeTest, isStoredWithALabelOnlyWhereLabelsAreWelcome)
+{
+    cDateTime const time(cTime(0x100000002));
+    for (bool const noLabels : {true, false}) {
+        auto const bytes = (noLabels ? "" : ntest::label("DateTime")) + ntest::longNumber(2, 1);
+        EXPECT_EQ(ntest::written([&](auto& target) { time >> target; }, noLabels), bytes);
+        cDateTime loaded(cTime(5));
+        auto const load = [&](auto& source) { loaded << source; };
+        ntest::raisedBy<nstd::cOutOfRangeException>(
+            [&] { ntest::read(bytes.substr(0, bytes.size() - 1), load, noLabels); });
+        EXPECT_EQ(loaded.utcTime(), cTime(5));
+        ntest::read((noLabels ? "" : ntest::longNumber(9, 9)) + bytes, load, noLabels);
+        EXPECT_EQ(loaded, time);
+    }
 }
 
 TEST(cDateTimeTest, localTimeIsModular)

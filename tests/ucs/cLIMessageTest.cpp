@@ -1,5 +1,6 @@
 #include "nel_core/ucs/cLIMessage.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -8,6 +9,8 @@
 #include "nel_core/ucs/cLIItem.h"
 #include "nel_core/ucs/cString.h"
 #include "tests/support/cSystemFixture.h"
+#include "tests/support/raisedBy.h"
+#include "tests/support/storedForm.h"
 
 namespace {
 
@@ -171,6 +174,86 @@ TEST_F(cLIMessageTest, takesThousandsOfValues)
     for (unsigned int i = 0; i < 2001; ++i)
         message << 7;
     EXPECT_EQ(untranslated(message), std::string(2000, '7'));
+}
+
+TEST_F(cLIMessageTest, theFirstOfManyValuesOfANameCounts)
+{
+    cLIMessage message = cLIMessage() << "%c%%a%%b%%a%%d%%c%%e%%f%%g%%h%%a%%g%";
+    for (int i = 0; i < 12; ++i)
+        message << i;
+    EXPECT_EQ(untranslated(message), "012140678918");
+    EXPECT_EQ(translated(message, "%a%%h%%%%i%%c%%"), "19??????0???");
+}
+
+TEST_F(cLIMessageTest, repetitionsAddALimitedAmount)
+{
+    cString large;
+    large.appendElements(1u << 19, 'x');
+    auto const shown = [&](cLIMessage const& message, char const* translation) {
+        auto const text = translated(message, translation);
+        return std::to_string(std::count(text.begin(), text.end(), 'x') >> 19)
+               + text.substr(text.find_last_of('x') + 1);
+    };
+    auto const message = cLIMessage() << "%a%%b%%c%%d%" << large << large << "s"
+                                      << "";
+    EXPECT_EQ(shown(message, "%a%%b%%a%%b%%a%%c%%c%%d%%d%"), "4???s???");
+    EXPECT_EQ(shown(message, "%a%%a%%b%%c%%c%"), "3ss");
+}
+
+std::string item(char const* name, char const* value, unsigned int type)
+{
+    return ntest::ascii(name) + ntest::unicode(value) + ntest::number(type);
+}
+
+TEST_F(cLIMessageTest, isStoredAndLoaded)
+{
+    auto const message = cLIMessage() << "$MTR$%a% of %b%, %c%"
+                                      << "\\" << 12;
+    auto const bytes = ntest::message("%a% of %b%, %c%", 10, item("%a", "\\", 0) + item("%b", "12", 1));
+    EXPECT_EQ(ntest::written([&](auto& target) { message >> target; }), bytes);
+    EXPECT_EQ(ntest::written([&](auto& target) { cLIMessage() >> target; }), ntest::message("", 0, ""));
+
+    auto loaded = cLIMessage() << nstd::cNumberConversionFormat(16) << "$MNTR$old %x%" << 5;
+    ntest::read(bytes + ntest::number(7), [&](auto& source) {
+        unsigned int behind = 0;
+        loaded << source;
+        source.load(behind);
+        EXPECT_EQ(behind, 7u);
+    });
+    EXPECT_EQ(untranslated(loaded << 255), "\\ of 12, ff");
+    EXPECT_EQ(translated(loaded, "%c%"), "ff") << "translatable again";
+}
+
+// A context ends with the data: behind a whole value the end of the values has come.
+TEST_F(cLIMessageTest, aCutMessageKeepsWhatHasBeenLoaded)
+{
+    auto const value = item("%a", "1", 0);
+    auto const bytes = ntest::message("new %a%", 7, value + value);
+    auto const noValues = bytes.size() - 2 * value.size();
+    auto const key = 2 * 20 + 8 + 7u;
+    for (std::size_t cut = 0; cut < bytes.size(); ++cut) {
+        auto message = cLIMessage() << "old %a%" << 5;
+        auto const load = [&](auto& source) { message << source; };
+        bool const isWhole = cut == noValues || cut == noValues + value.size();
+        if (isWhole)
+            ntest::read(bytes.substr(0, cut), load);
+        else
+            EXPECT_ANY_THROW(ntest::read(bytes.substr(0, cut), load)) << cut;
+        char const* const loaded = cut == noValues ? "new ???" : isWhole ? "new 1" : "new 5";
+        EXPECT_EQ(untranslated(message), cut < key ? "old 5" : loaded) << cut;
+    }
+}
+
+TEST_F(cLIMessageTest, aScanPositionBeyondTheKeyFindsNothing)
+{
+    for (unsigned int const position : {8u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        cLIMessage message;
+        ntest::read(ntest::message("%a% %b%", position, item("%a", "1", 77)),
+                    [&](auto& source) { message << source; });
+        EXPECT_EQ(untranslated(message << 2), "1 ???");
+        EXPECT_EQ(ntest::written([&](auto& target) { message >> target; }),
+                  ntest::message("%a% %b%", position, item("%a", "1", 77)));
+    }
 }
 
 } // namespace

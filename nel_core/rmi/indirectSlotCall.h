@@ -1,0 +1,94 @@
+#pragma once
+
+#include "nel_core/rmi/slotCall.h"
+#include "nel_core/sa/cReferenceFrame.h"
+
+namespace nrmi {
+
+/// What slot calls by name have alike: they call through a frame and cannot be called by one themselves.
+template<typename R>
+class tIndirectSlotCall : public cAbstractSlotCall0<R> {
+public:
+    using cAbstractSlotCall0<R>::call;
+
+    /// Calls the public slot and returns its result; raises what the look-up and the slot raise.
+    R call() const override
+    {
+        // Nothing of this call is used once the slot runs, which may have deleted it.
+        R result = R();
+        nsa::cReferenceFrame frame;
+        frame.addRef(result, true, false);
+        invoke(frame);
+        return result;
+    }
+    /// Refuses to be called by name: raises always.
+    void callRef(nsa::cReferenceFrame&) const override { cRMIExceptions::throwIndirectCallSlotCallRef(); }
+
+protected:
+    using cAbstractSlotCall0<R>::cAbstractSlotCall0;
+
+private:
+    virtual void invoke(nsa::cReferenceFrame& frame) const = 0;
+};
+
+/// Calls a public slot of an object by its name, which is looked up on every call: the slot may be registered
+/// later, and another one later still.
+template<typename R>
+class cIndirectLazySlotCall0 : public tIndirectSlotCall<R> {
+public:
+    /// A template for connecting. Keeps a copy of the name.
+    cIndirectLazySlotCall0(cConnectable& target, nstd::cAsciiString const& slotName)
+        : cIndirectLazySlotCall0(target, slotName, nullptr)
+    {
+    }
+
+    [[nodiscard]] cAbstractSlotCall0<R>* createConnectedInstance(cAbstractSignal& signal) const override
+    {
+        return new cIndirectLazySlotCall0(this->assignedObject(), msSlotName, &signal);
+    }
+
+private:
+    cIndirectLazySlotCall0(cConnectable& target, nstd::cAsciiString const& slotName, cAbstractSignal* signal)
+        : tIndirectSlotCall<R>(target, signal),
+          msSlotName(slotName)
+    {
+    }
+
+    void invoke(nsa::cReferenceFrame& frame) const override
+    {
+        this->assignedObject().invokeIndirectSlot(msSlotName, frame);
+    }
+
+    nstd::cAsciiString msSlotName;
+};
+
+/// Calls a public slot of an object that has been found before. It must not outlive that slot: taking a
+/// single public slot away from its object does not disconnect this call, clearing the object does.
+template<typename R>
+class cIndirectResolvingSlotCall0 : public tIndirectSlotCall<R> {
+public:
+    /// A template for connecting. A null call fails the assertion "mpCall != 0".
+    cIndirectResolvingSlotCall0(cConnectable& target, cAbstractSlotCall const* call)
+        : cIndirectResolvingSlotCall0(target, call, nullptr)
+    {
+    }
+
+    [[nodiscard]] cAbstractSlotCall0<R>* createConnectedInstance(cAbstractSignal& signal) const override
+    {
+        return new cIndirectResolvingSlotCall0(this->assignedObject(), mpCall, &signal);
+    }
+
+private:
+    cIndirectResolvingSlotCall0(cConnectable& target, cAbstractSlotCall const* call, cAbstractSignal* signal)
+        : tIndirectSlotCall<R>(target, signal),
+          mpCall(call)
+    {
+        NEL_ASSERT(mpCall != 0);
+    }
+
+    void invoke(nsa::cReferenceFrame& frame) const override { mpCall->call(frame); }
+
+    cAbstractSlotCall const* mpCall; ///< owned by the public slot
+};
+
+} // namespace nrmi

@@ -1,0 +1,7 @@
+#include "nel_core/sa/cAbstractContextData.h"
+
+namespace nsa {
+
+cAbstractContextData::~cAbstractContextData() = default;
+
+} // namespace nsa

@@ -1,0 +1,7 @@
+#include "nel_core/sa/cAbstractTypeReference.h"
+
+namespace nsa {
+
+cAbstractTypeReference::~cAbstractTypeReference() = default;
+
+} // namespace nsa
