@@ -88,6 +88,23 @@ private:
     nstd::tList<cContext*> mOpen; // owned
 };
 
+void enterOrLoad(cDeserializeBinary& stream, cOpenContexts& contexts)
+{
+    unsigned int const before = stream.currentPos();
+    try {
+        if (stream.isContext()) {
+            static_cast<void>(stream.getNextContextTypeName());
+            contexts.enter(stream.getContext(nullptr));
+        } else {
+            loadItem(stream);
+        }
+    } catch (nstd::cAbstractException const&) {
+        FUZZ_CHECK(stream.currentPos() == before);
+        throw;
+    }
+    FUZZ_CHECK(stream.currentPos() > before);
+}
+
 void walk(cDeserializeBinary& stream)
 {
     cOpenContexts contexts;
@@ -96,14 +113,7 @@ void walk(cDeserializeBinary& stream)
             contexts.release();
         if (stream.eocMayBeLabels())
             return;
-        unsigned int const before = stream.currentPos();
-        if (stream.isContext()) {
-            static_cast<void>(stream.getNextContextTypeName());
-            contexts.enter(stream.getContext(nullptr));
-        } else {
-            loadItem(stream);
-        }
-        FUZZ_CHECK(stream.currentPos() > before);
+        enterOrLoad(stream, contexts);
     }
 }
 

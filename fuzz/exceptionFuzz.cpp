@@ -24,22 +24,41 @@ public:
     }
 };
 
+nstd::tAutoPtr<nstd::cAbstractException> rebuilt(nsa::cDeserializeBinary& stream)
+{
+    return nstd::cAbstractException::createFromStream(stream, cFactory());
+}
+
+// What has been rebuilt is stored and rebuilt without loss.
+void checkStoredForm(nstd::cAbstractException const& chain)
+{
+    nsa::cSerializeBinary stored;
+    chain.storeRecursive(stored);
+    nsa::cDeserializeBinary stream(stored.data());
+    nsa::cSerializeBinary again;
+    rebuilt(stream)->storeRecursive(again);
+    FUZZ_CHECK(stream.eocMayBeLabels() && isSame(again.ownData(), stored.ownData()));
+}
+
 } // namespace
 
-// Rebuilds a chain, shows it and copies it.
+// Rebuilds a chain, shows it, copies it and sends it on.
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
     cFuzzInput input(data, size);
     cMemoryBound const bound(size);
     try {
-        auto const chain = nstd::cAbstractException::createFromStream(input.stream, cFactory());
+        auto const chain = rebuilt(input.stream);
         if (!chain)
             return 0;
         FUZZ_CHECK(chain->type() <= nstd::cAbstractException::tyRuntime);
         nucs::cString text;
-        chain->createMessage(text, nucs::cString(", "), nstd::cAbstractException::mfHistory, nullptr);
+        chain->createMessage(text, nucs::cString(", "),
+                             nstd::cAbstractException::mfHistory | nstd::cAbstractException::mfIndent,
+                             nullptr);
         nstd::tAutoPtr<nstd::cAbstractException> const copy(chain->createObject());
         FUZZ_CHECK(copy->hasOutOfMemoryCondition() == chain->hasOutOfMemoryCondition());
+        checkStoredForm(*copy);
     } catch (nstd::cAbstractException const&) {
     }
     return 0;

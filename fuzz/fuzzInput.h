@@ -22,6 +22,12 @@ struct cFuzzInput {
     nsa::cDeserializeBinary stream;
 };
 
+/// Compares the bytes alone: an array that is empty equals one that has never held anything.
+inline bool isSame(nsa::cDeserializeBinary::tBytes const& left, nsa::cDeserializeBinary::tBytes const& right)
+{
+    return left.length() == right.length() && (left.empty() || left == right);
+}
+
 /// Stops the process: a promise of the library does not hold.
 #define FUZZ_CHECK(condition)                                                                                \
     do {                                                                                                     \

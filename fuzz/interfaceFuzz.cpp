@@ -24,14 +24,22 @@ private:
     nrmi::localSignal0<piVoid> mSignal;
 };
 
-template<typename Description>
-void checkStoredForm(Description const& description, nsa::cDeserializeBinary::tBytes const& bytes,
-                     unsigned int start, unsigned int end)
+// Registers what comes next in the stream, checks its stored form against what it has consumed and has it
+// read by another object.
+template<typename Register>
+void registerNext(nrmi::cConnectable& object, nsa::cDeserializeBinary& stream, Register const& read)
 {
+    nrmi::cConnectable other;
+    unsigned int const start = stream.currentPos();
     nsa::cSerializeBinary stored;
-    description >> stored;
+    read(object, stream) >> stored;
     // Labels and long forms in the input may make it longer, never shorter.
-    FUZZ_CHECK(stored.data().length() <= end - start && end <= bytes.length());
+    FUZZ_CHECK(stored.data().length() <= stream.currentPos() - start);
+
+    nsa::cDeserializeBinary copy(stored.data());
+    nsa::cSerializeBinary again;
+    read(other, copy) >> again;
+    FUZZ_CHECK(isSame(again.ownData(), stored.ownData()));
 }
 
 } // namespace
@@ -47,13 +55,16 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     nrmi::cConnectable object;
     try {
         for (;;) {
-            unsigned int const start = input.stream.currentPos();
             if (data[0] % 2 == 0)
-                checkStoredForm(object.registerRemoteSlot(input.stream, factory), input.bytes, start,
-                                input.stream.currentPos());
+                registerNext(
+                    object, input.stream, [&](auto& owner, auto& stream) -> auto& {
+                        return owner.registerRemoteSlot(stream, factory);
+                    });
             else
-                checkStoredForm(object.registerRemoteSignal(input.stream, factory), input.bytes, start,
-                                input.stream.currentPos());
+                registerNext(
+                    object, input.stream, [&](auto& owner, auto& stream) -> auto& {
+                        return owner.registerRemoteSignal(stream, factory);
+                    });
         }
     } catch (nstd::cAbstractException const&) {
     }

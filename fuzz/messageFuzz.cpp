@@ -17,8 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         // what was loaded before the error stays, and must be sound as well
     }
     nucs::cString text;
+    nucs::cString translated;
     message.untranslated(text);
-    message.translate(nucs::cString(message.key(), '?'), text);
+    message.translate(nucs::cString(message.key(), '?'), translated);
+    FUZZ_CHECK(translated == text);
 
     nsa::cSerializeBinary stored;
     message >> stored;
@@ -27,7 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     loaded << stream;
     nsa::cSerializeBinary again;
     loaded >> again;
-    FUZZ_CHECK(again.ownData() == stored.ownData());
+    loaded.untranslated(translated);
+    FUZZ_CHECK(isSame(again.ownData(), stored.ownData()) && translated == text);
     message << 7 << "more";
     return 0;
 }

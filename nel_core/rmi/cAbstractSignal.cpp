@@ -39,11 +39,9 @@ cPublicSignal& cAbstractSignal::exportSignal(cConnectable& target, nstd::cAsciiS
 
 void cAbstractSignal::setPublicSignal(cPublicSignal* publicSignal) noexcept
 {
-    if (!publicSignal) {
-        while (mpPublicSignal)
-            unlink(*mpPublicSignal);
+    mbPublic = publicSignal != nullptr;
+    if (!publicSignal)
         return;
-    }
     if (publicSignal->mpLinked)
         publicSignal->mpLinked->unlink(*publicSignal);
     publicSignal->mpLinked = this;
@@ -55,9 +53,10 @@ void cAbstractSignal::setPublicSignal(cPublicSignal* publicSignal) noexcept
 
 nstd::cAsciiString const& cAbstractSignal::publicSignalName() const
 {
-    if (!mpPublicSignal)
+    auto const* const publicSignal = isPublicSignal();
+    if (!publicSignal)
         cRMIExceptions::throwSignalNotPublic();
-    return mpPublicSignal->name();
+    return publicSignal->name();
 }
 
 nstd::cAsciiString cAbstractSignal::parametersTypeString() const

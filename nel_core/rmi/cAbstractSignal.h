@@ -50,9 +50,10 @@ public:
     cPublicSignal& exportSignal(cConnectable& target, nstd::cAsciiString const& name, InterfaceType type,
                                 nstd::cAsciiString const& description);
     /// The public signal, null while there is none. With several of them it is the latest that lives.
-    cPublicSignal* isPublicSignal() const noexcept { return mpPublicSignal; }
-    /// Sets isPublicSignal(); null takes all public signals of this one away. Whichever of the two dies
-    /// first, the other knows: the public signal has no signal then, or this one is not public any more.
+    cPublicSignal* isPublicSignal() const noexcept { return mbPublic ? mpPublicSignal : nullptr; }
+    /// Sets isPublicSignal(). Whichever of the two dies first, the other knows: the public signal has no
+    /// signal then, or this one is not public any more. With null this one is not public from now on, but
+    /// can still be found under the names it has had.
     void setPublicSignal(cPublicSignal* publicSignal) noexcept;
     /// The name of the public signal; raises nstd::cBugException when there is none.
     nstd::cAsciiString const& publicSignalName() const;
@@ -78,7 +79,8 @@ private:
     void unlink(cPublicSignal& publicSignal) noexcept;
 
     InvocationBehavior meInvocationBehavior = ibThrowUnconnected;
-    cPublicSignal* mpPublicSignal = nullptr; ///< not owned; the latest of a chain
+    bool mbPublic = false;
+    cPublicSignal* mpPublicSignal = nullptr; ///< not owned; the latest of a chain, null in an empty one
 };
 
 } // namespace nrmi

@@ -25,6 +25,24 @@ void requireResult(nsa::cReferenceFrame& frame, char const* mangledType, char co
 
 } // namespace
 
+cAbstractSlotCall::cWatch::cWatch(cAbstractSlotCall const* call) : mpCall(call)
+{
+    NEL_ASSERT(mpCall != 0);
+    mpNext = mpCall->mpWatches;
+    if (mpNext)
+        mpNext->mpPrevious = this;
+    mpCall->mpWatches = this;
+}
+
+cAbstractSlotCall::cWatch::~cWatch()
+{
+    if (!mpCall)
+        return;
+    (mpPrevious ? mpPrevious->mpNext : mpCall->mpWatches) = mpNext;
+    if (mpNext)
+        mpNext->mpPrevious = mpPrevious;
+}
+
 cAbstractSlotCall::cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal) noexcept
     : mpObject(&object),
       mEntry(signal)
@@ -38,6 +56,8 @@ cAbstractSlotCall::cAbstractSlotCall(cAbstractSlotCall const& other) noexcept : 
 cAbstractSlotCall::~cAbstractSlotCall()
 {
     mEntry.unlink();
+    for (auto* watch = mpWatches; watch; watch = watch->mpNext)
+        watch->mpCall = nullptr;
 }
 
 void cAbstractSlotCall::reAssign(cAbstractSignal* signal) noexcept

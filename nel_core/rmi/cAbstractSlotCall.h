@@ -11,6 +11,26 @@ namespace nrmi {
 /// connected copy of one, which is registered with the object and belongs to its signal.
 class NEL_EXPORT cAbstractSlotCall {
 public:
+    /// Follows a call that belongs to somebody else: it is forgotten when it dies.
+    class NEL_EXPORT cWatch {
+    public:
+        /// A null call fails the assertion "mpCall != 0".
+        explicit cWatch(cAbstractSlotCall const* call);
+        cWatch(cWatch const&) = delete;
+        cWatch& operator=(cWatch const&) = delete;
+        ~cWatch();
+
+        /// The call, null once it is gone.
+        cAbstractSlotCall const* call() const noexcept { return mpCall; }
+
+    private:
+        friend class cAbstractSlotCall;
+
+        cAbstractSlotCall const* mpCall;
+        cWatch* mpPrevious = nullptr; ///< the neighbours among the watches of the call
+        cWatch* mpNext = nullptr;
+    };
+
     /// A call of `object`'s; with a signal it is registered with the object until it dies.
     cAbstractSlotCall(cConnectable& object, cAbstractSignal* signal) noexcept;
     /// A copy is a template, whatever the other one is.
@@ -60,6 +80,7 @@ private:
     cSignalEntry mEntry;                       ///< in the object's list while connected
     cPublicSlot const* mpPublicSlot = nullptr; ///< not owned: it owns this call
     cAbstractSlotCall* mpNext = nullptr;       ///< the call that the signal makes after this one
+    mutable cWatch* mpWatches = nullptr;       ///< not owned; the first of a chain
     unsigned long long miMark = 0;             ///< of the nested emissions that have made this call
 };
 

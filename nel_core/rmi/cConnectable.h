@@ -60,8 +60,9 @@ public:
     /// Detaches the object from all signals and deletes its public slots and signals.
     void clear();
 
-    /// Publishes a slot that others call through `slot`, and returns the public slot, which owns it. Without
-    /// a slot call an assertion fails. Nothing is registered when any of the registrations fails.
+    /// Publishes a slot that others call through `slot`, and returns the public slot, which owns it;
+    /// nrmi::publishSlot() does all that for a member function. Without a slot call an assertion fails.
+    /// Nothing is registered when any of the registrations fails.
     cPublicSlot& registerSlot(nstd::cAsciiString const& name, nstd::cAsciiString const& returnTypeName,
                               nstd::cAsciiString const& paramTypeNames, nstd::cAsciiString const& description,
                               nstd::tAutoPtr<cAbstractSlotCall> slot);
@@ -106,7 +107,7 @@ public:
     nstd::tPtrList<cPublicSlot>* hasPublicSlots() const noexcept { return mpPublicSlots.get(); }
     /// The public signals in the order of their registration; null when none was ever registered.
     nstd::tPtrList<cPublicSignal>* hasPublicSignals() const noexcept { return mpPublicSignals.get(); }
-    /// The lists, made on first use. They own what they hold.
+    /// The lists, made on first use. They own what they hold: what is erased is not public any more.
     nstd::tPtrList<cPublicSlot>& codRSlots();
     nstd::tPtrList<cPublicSignal>& codRSignals();
 

@@ -62,12 +62,13 @@ private:
     nstd::cAsciiString msSlotName;
 };
 
-/// Calls a public slot of an object that has been found before. It must not outlive that slot: taking a
-/// single public slot away from its object does not disconnect this call, clearing the object does.
+/// Calls a public slot of an object that has been found before. Once that slot is gone, as when it was erased
+/// from its object's list, every call raises cNoSuchSlotException with its name.
 template<typename R>
 class cIndirectResolvingSlotCall0 : public tIndirectSlotCall<R> {
 public:
-    /// A template for connecting. A null call fails the assertion "mpCall != 0".
+    /// A template for connecting. A null call fails the assertion "mpCall != 0", and so does connecting once
+    /// the slot is gone.
     cIndirectResolvingSlotCall0(cConnectable& target, cAbstractSlotCall const* call)
         : cIndirectResolvingSlotCall0(target, call, nullptr)
     {
@@ -75,20 +76,27 @@ public:
 
     [[nodiscard]] cAbstractSlotCall0<R>* createConnectedInstance(cAbstractSignal& signal) const override
     {
-        return new cIndirectResolvingSlotCall0(this->assignedObject(), mpCall, &signal);
+        return new cIndirectResolvingSlotCall0(this->assignedObject(), mWatch.call(), &signal);
     }
 
 private:
     cIndirectResolvingSlotCall0(cConnectable& target, cAbstractSlotCall const* call, cAbstractSignal* signal)
         : tIndirectSlotCall<R>(target, signal),
-          mpCall(call)
+          mWatch(call)
     {
-        NEL_ASSERT(mpCall != 0);
+        if (mWatch.call()->isPublicSlot())
+            msSlotName = mWatch.call()->publicSlotName();
     }
 
-    void invoke(nsa::cReferenceFrame& frame) const override { mpCall->call(frame); }
+    void invoke(nsa::cReferenceFrame& frame) const override
+    {
+        if (!mWatch.call())
+            cRMIExceptions::throwNoSuchSlot(msSlotName, frame);
+        mWatch.call()->call(frame);
+    }
 
-    cAbstractSlotCall const* mpCall; ///< owned by the public slot
+    cAbstractSlotCall::cWatch mWatch; ///< the call is owned by the public slot
+    nstd::cAsciiString msSlotName;    ///< empty when the call was not a public slot's
 };
 
 } // namespace nrmi

@@ -13,13 +13,15 @@ namespace nrmi {
 
 /// Whether a slot may change what it gets as an `A`, so that the value travels back.
 template<typename A>
-constexpr bool kIsAlterable = std::is_lvalue_reference_v<A> && !std::is_const_v<std::remove_reference_t<A>>;
+constexpr bool kIsAlterable = std::is_reference_v<A> && !std::is_const_v<std::remove_reference_t<A>>;
 
-/// Whether a value of the plain type can be made and read, and written.
+/// Whether a value of the plain type can be made and read, and written. A reference frame cannot: nothing
+/// tells what a new one should refer to.
 template<typename T>
 constexpr bool kCanTravel =
     std::conjunction_v<std::bool_constant<nsa::kIsSerializable<T>>, std::negation<std::is_abstract<T>>,
-                       std::is_default_constructible<T>>;
+                       std::is_default_constructible<T>,
+                       std::negation<std::is_same<T, nsa::cReferenceFrame>>>;
 
 /// A direct slot call that can also be called by name; cPublicLocalSlotCall0 to cPublicLocalSlotCall3 are its
 /// names, and publishSlot() makes and registers one.
@@ -28,6 +30,8 @@ constexpr bool kCanTravel =
 /// constant. The slot may delete this call, its public slot and its object.
 template<typename T, typename R, typename... A>
 class tPublicLocalSlotCall : public tDirectLocalSlotCall<T, R, A...> {
+    static_assert(!std::is_void_v<R>, "a public slot without a result returns piVoid");
+
 public:
     using tDirectLocalSlotCall<T, R, A...>::call;
     using tDirectLocalSlotCall<T, R, A...>::tDirectLocalSlotCall;
@@ -101,21 +105,50 @@ private:
     }
 };
 
-/// Publishes a slot of an object under a name, so that it can be called by it:
-/// `publishSlot(this, "add", &cCalculator::sltAdd, "the sum of two numbers")`. The public slot belongs to the
-/// object and tells the types as nsa::tTypeName gives them. The slot may be one that the object's class has
-/// inherited from a connectable base. Nothing is published when that fails.
-template<typename T, typename Object, typename R, typename... A>
-cPublicSlot& publishSlot(Object* object, nstd::cAsciiString const& name, R (T::*member)(A...),
+/// Of an object, or of the object that is pointed to.
+template<typename Object>
+Object* addressOf(Object& object) noexcept
+{
+    return &object;
+}
+template<typename Object>
+Object* addressOf(Object* object) noexcept
+{
+    return object;
+}
+
+/// Registers `call`, which it takes over, with its object and describes its types.
+template<typename R, typename... A>
+cPublicSlot& publishCall(nstd::cAsciiString const& name, cAbstractSlotCall* call,
                          nstd::cAsciiString const& description)
 {
-    nstd::tAutoPtr<cPublicSlot> publicSlot(new cPublicSlot(
-        name, typeNames<R>(), typeNames<A...>(), description,
-        nstd::tAutoPtr<cAbstractSlotCall>(new tPublicLocalSlotCall<T, R, A...>(object, member))));
+    cConnectable& owner = call->assignedObject();
+    nstd::tAutoPtr<cAbstractSlotCall> slot(call);
+    nstd::tAutoPtr<cPublicSlot> publicSlot(
+        new cPublicSlot(name, typeNames<R>(), typeNames<A...>(), description, std::move(slot)));
     (publicSlot->addParameter().set(typeNames<A>(), kIsAlterable<A>, false), ...);
     publicSlot->returnValue().set(typeNames<R>(), false, std::is_same_v<tPlain<R>, piVoid>);
-    cConnectable& owner = publicSlot->slot()->assignedObject();
     return owner.registerSlot(std::move(publicSlot));
+}
+
+/// Publishes a slot of an object under a name, so that it can be called by it:
+/// `publishSlot(this, "add", &cCalculator::sltAdd, "the sum of two numbers")`. `object` is the object or a
+/// pointer to it. The public slot belongs to the object and tells the types as nsa::tTypeName gives them. The
+/// slot may be constant, and one that the object's class has inherited from a connectable base. Nothing is
+/// published when that fails.
+template<typename Object, typename T, typename R, typename... A>
+cPublicSlot& publishSlot(Object&& object, nstd::cAsciiString const& name, R (T::*member)(A...),
+                         nstd::cAsciiString const& description)
+{
+    return publishCall<R, A...>(name, new tPublicLocalSlotCall<T, R, A...>(addressOf(object), member),
+                                description);
+}
+template<typename Object, typename T, typename R, typename... A>
+cPublicSlot& publishSlot(Object&& object, nstd::cAsciiString const& name, R (T::*member)(A...) const,
+                         nstd::cAsciiString const& description)
+{
+    return publishCall<R, A...>(name, new tPublicLocalSlotCall<T const, R, A...>(addressOf(object), member),
+                                description);
 }
 
 } // namespace nrmi

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <type_traits>
 #include <utility>
 
 #include "nel_core/rmi/cAbstractSlotCall.h"
@@ -11,9 +12,21 @@
 
 namespace nrmi {
 
+/// Whether these are the arguments of the calls by name, which every slot call has.
+template<typename... A>
+constexpr bool kIsCallByName = false;
+template<>
+inline constexpr bool kIsCallByName<nsa::cReferenceFrame&> = true;
+template<>
+inline constexpr bool kIsCallByName<nsa::cAbstractDeserializer&, nsa::cAbstractSerializer&> = true;
+
 /// The typed call; those without arguments tell their types as text, too.
 template<typename R, typename... A>
 class tTypedSlotCall : public cAbstractSlotCall {
+    static_assert(!kIsCallByName<A...>,
+                  "a slot cannot take just a reference frame, or a deserializer and a serializer: that is a "
+                  "call by name; let it take a pointer to the first one");
+
 public:
     using cAbstractSlotCall::cAbstractSlotCall;
     using cAbstractSlotCall::call;
@@ -60,17 +73,29 @@ public:
     [[nodiscard]] virtual tAbstractSlotCall* createConnectedInstance(cAbstractSignal& signal) const = 0;
 };
 
+/// The member functions of a T that slot calls make; for a `T const` they are constant.
+template<typename T, typename R, typename... A>
+struct tMemberSlot {
+    typedef R (T::*tSlot)(A...);
+};
+template<typename T, typename R, typename... A>
+struct tMemberSlot<T const, R, A...> {
+    typedef R (T::*tSlot)(A...) const;
+};
+
 /// Calls a member function of an object; cDirectLocalSlotCall0 to cDirectLocalSlotCall3 are its names.
+/// It calls a constant member function when it is made for a `T const`; the object is not constant even then.
 template<typename T, typename R, typename... A>
 class tDirectLocalSlotCall : public tAbstractSlotCall<R, A...> {
 public:
     using tAbstractSlotCall<R, A...>::call;
 
     /// The member functions that can be called: the argument types are spelled as in the signal.
-    typedef R (T::*tSlot)(A...);
+    typedef typename tMemberSlot<T, R, A...>::tSlot tSlot;
+    typedef std::remove_const_t<T> tTarget;
 
     /// A template for connecting. A null object fails the assertion "object != 0".
-    tDirectLocalSlotCall(T* object, tSlot member)
+    tDirectLocalSlotCall(tTarget* object, tSlot member)
         : tAbstractSlotCall<R, A...>(required(object), nullptr),
           mpTarget(object),
           mpSlot(member)
@@ -108,22 +133,27 @@ protected:
     }
 
 private:
-    static cConnectable& required(T* object)
+    static cConnectable& required(tTarget* object)
     {
         NEL_ASSERT(object != 0);
         return *object;
     }
 
-    T* mpTarget; ///< the assigned object by its own type
+    tTarget* mpTarget; ///< the assigned object by its own type
     tSlot mpSlot;
 };
 
 /// The call of a slot, to be connected to a signal or scheduled: `slot(this, &cReceiver::sltChanged)`.
-/// The slot may be one that the object's class has inherited from a connectable base.
+/// The slot may be constant, and one that the object's class has inherited from a connectable base.
 template<typename T, typename Object, typename R, typename... A>
 [[nodiscard]] tDirectLocalSlotCall<T, R, A...> slot(Object* object, R (T::*member)(A...))
 {
     return tDirectLocalSlotCall<T, R, A...>(object, member);
+}
+template<typename T, typename Object, typename R, typename... A>
+[[nodiscard]] tDirectLocalSlotCall<T const, R, A...> slot(Object* object, R (T::*member)(A...) const)
+{
+    return tDirectLocalSlotCall<T const, R, A...>(object, member);
 }
 
 } // namespace nrmi

@@ -51,7 +51,7 @@ public:
     /// The name of the next context ("" for an unnamed one), or of the next label; the position stays.
     virtual nstd::cAsciiString getNextContextTypeName() = 0;
     virtual nstd::cAsciiString getNextLabelName() = 0;
-    /// Releases and leaves the innermost context.
+    /// Releases and leaves the innermost context; without one nothing happens.
     virtual void releaseCurrentContext() = 0;
     /// Goes to the value behind the first such label of the current context that lies ahead, else to the
     /// first one of all; nested contexts are not searched. Raises when there is none.

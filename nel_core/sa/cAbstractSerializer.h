@@ -40,7 +40,7 @@ public:
     virtual void clear() = 0;
     /// Opens a context inside the current one; a null name leaves it unnamed.
     virtual cContextRef newContext(char const* typeName) = 0;
-    /// Releases the innermost open context.
+    /// Releases the innermost open context; without one nothing happens.
     virtual void releaseCurrentContext() = 0;
     /// Marks the place of the next value with a name.
     virtual cAbstractSerializer& newLabel(nstd::cAsciiString const& name) = 0;

@@ -27,17 +27,10 @@ static_assert(sizeof(kPayloads) / sizeof(kPayloads[0]) == cSerializeBinaryShared
 
 } // namespace
 
-cBinaryItems::cBinaryItems(cDeserializeBinary const& stream)
-    : mStream(stream),
-      miLength(stream.mData.length()),
-      mpBytes(stream.mbContiguous && miLength != 0 ? stream.mData.proxyProvideData(0, miLength) : nullptr)
-{
-}
-
 cBinaryItems::cRun cBinaryItems::run(unsigned int position, unsigned long long size) const
 {
     unsigned int const length = nstd::tBounds::narrow(size, "tConstArrayRef", "provideData");
-    nstd::tBounds::startSize2End(miLength, position, length, "tConstArrayRef", "provideData");
+    nstd::tBounds::startSize2End(miLimit, position, length, "tConstArrayRef", "provideData");
     return {position, length};
 }
 
@@ -65,7 +58,7 @@ void cBinaryItems::requireId(unsigned int position, PrivatedTypeIDs id) const
         mStream.raiseMissmatch(id, found);
 }
 
-cBinaryItems::cHeader cBinaryItems::header(cItem const& context, unsigned int limit) const
+cBinaryItems::cHeader cBinaryItems::header(cItem const& context) const
 {
     bool const isLong = context.id == cSerializeBinaryShared::ptContext64;
     unsigned int const sizeField = context.payload;
@@ -79,19 +72,19 @@ cBinaryItems::cHeader cBinaryItems::header(cItem const& context, unsigned int li
     unsigned int const afterFlag = nameFlag + kIdSize + static_cast<unsigned int>(sizeof(unsigned int));
     header.name = header.isNamed ? textAt(afterFlag) : cRun{afterFlag, 0};
     header.bodyStart = header.name.end();
-    unsigned long long const latest = std::max(header.bodyStart, limit);
-    header.end = static_cast<unsigned int>(std::clamp<unsigned long long>(claimed, header.bodyStart, latest));
-    header.isCut = claimed > latest;
+    header.end =
+        static_cast<unsigned int>(std::clamp<unsigned long long>(claimed, header.bodyStart, miLimit));
+    header.isCut = claimed > miLimit;
     return header;
 }
 
-unsigned int cBinaryItems::endOf(cItem const& item, unsigned int limit) const
+unsigned int cBinaryItems::endOf(cItem const& item) const
 {
     switch (item.id) {
     case cSerializeBinaryShared::ptRawBytes64: return longBlock(item.payload).end();
     case cSerializeBinaryShared::ptLabel: return textAt(item.payload).end();
     case cSerializeBinaryShared::ptContext:
-    case cSerializeBinaryShared::ptContext64: return header(item, limit).end;
+    case cSerializeBinaryShared::ptContext64: return header(item).end;
     default: break;
     }
     if (item.id > cSerializeBinaryShared::ptEnd)
@@ -109,19 +102,16 @@ void cBinaryItems::copy(cRun const& bytes, char* target) const
 nstd::cAsciiString cBinaryItems::text(cRun const& bytes) const
 {
     nstd::cAsciiString text;
-    if (bytes.length != 0) {
-        text.setSize(bytes.length);
-        copy(bytes, text.data());
-    }
+    copyTo(bytes, text);
     return text;
 }
 
-bool cBinaryItems::isEqual(cRun const& bytes, char const* other, unsigned int length) const
+bool cBinaryItems::isEqual(cRun const& bytes, char const* other, std::size_t length) const
 {
     using tView = cDeserializeBinary::tConstBytesRef;
     if (bytes.length != length)
         return false;
-    return length == 0 || tView(mStream.mData, bytes.position, length).isEqual(other, length);
+    return length == 0 || tView(mStream.mData, bytes.position, bytes.length).isEqual(other, bytes.length);
 }
 
 } // namespace nsa

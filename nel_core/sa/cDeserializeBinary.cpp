@@ -23,6 +23,7 @@ constexpr unsigned int kLastItem = cSerializeBinaryShared::ptInt16;
 
 cDeserializeBinary::cDeserializeBinary()
 {
+    msLastLabel.setFitOnErase(false); // the next one needs its room
     setPreferNoLabels(true);
 }
 
@@ -46,8 +47,6 @@ cDeserializeBinary::~cDeserializeBinary()
 
 void cDeserializeBinary::setData(tConstBytesRef const& data)
 {
-    msLastLabel = lastLabel(); // survives the data in which it stood
-    miLastLabel = 0;
     tContext::detachAll(*this);
     mData = data;
     mbContiguous = mData.proxyPreferredBlockSize() == 0;
@@ -76,7 +75,7 @@ void cDeserializeBinary::rewind()
 
 // Finding the next item
 
-cBinaryItem cDeserializeBinary::nextItem(cBinaryItems const& items, LabelUse use)
+inline cBinaryItem cDeserializeBinary::nextItem(cBinaryItems const& items, LabelUse use)
 {
     unsigned int const limit = end();
     unsigned int position = miPosition;
@@ -84,12 +83,12 @@ cBinaryItem cDeserializeBinary::nextItem(cBinaryItems const& items, LabelUse use
         cItem const item = items.itemAt(position);
         if (!item.isLabel() || use == luItem)
             return item;
-        position = passLabel(items, item).end();
+        position = passLabel(items, item);
     }
     cSAExceptions::throwEndOfContext();
 }
 
-cBinaryItem cDeserializeBinary::expectTypeId(cBinaryItems const& items, PrivatedTypeIDs id)
+inline cBinaryItem cDeserializeBinary::expectTypeId(cBinaryItems const& items, PrivatedTypeIDs id)
 {
     cItem const item = nextItem(items, luPass);
     if (item.id != id)
@@ -97,28 +96,20 @@ cBinaryItem cDeserializeBinary::expectTypeId(cBinaryItems const& items, Privated
     return item;
 }
 
-cBinaryRun cDeserializeBinary::passLabel(cBinaryItems const& items, cItem const& label)
+// Gives where it ends.
+unsigned int cDeserializeBinary::passLabel(cBinaryItems const& items, cItem const& label)
 {
     cRun const name = items.textAt(label.payload);
-    miLastLabel = label.payload;
-    return name;
-}
-
-nstd::cAsciiString cDeserializeBinary::lastLabel() const
-{
-    if (miLastLabel == 0)
-        return msLastLabel;
-    cBinaryItems const items(*this);
-    return items.text(items.textAt(miLastLabel));
+    items.copyTo(name, msLastLabel);
+    return name.end();
 }
 
 void cDeserializeBinary::raiseMissmatch(PrivatedTypeIDs expected, PrivatedTypeIDs found) const
 {
-    nstd::cAsciiString const label = lastLabel();
     char const* const expectedName = cSerializeBinaryShared::idToString(expected);
     char const* const foundName = cSerializeBinaryShared::idToString(found);
-    if (label.length() != 0)
-        throw cLabeledTypeMissmatchException(expectedName, foundName, label);
+    if (msLastLabel.length() != 0)
+        throw cLabeledTypeMissmatchException(expectedName, foundName, msLastLabel);
     throw nstd::cTypeMissmatchException(expectedName, foundName);
 }
 
@@ -196,17 +187,16 @@ void cDeserializeBinary::load(bool& value)
 
 void cDeserializeBinary::load(double& value)
 {
-    value = loadNumber<double>(cSerializeBinaryShared::ptDouble);
+    // As bits: a double that is returned passes a register that may alter a signalling NaN.
+    auto const bits = loadNumber<unsigned long long>(cSerializeBinaryShared::ptDouble);
+    std::memcpy(&value, &bits, sizeof(value));
 }
 
 void cDeserializeBinary::load(nstd::cAsciiString& value)
 {
     cBinaryItems const items(*this);
     cRun const bytes = items.counted(expectTypeId(items, cSerializeBinaryShared::ptAsciiString).payload, 1);
-    if (char const* const text = items.at(bytes))
-        value.setData(text, bytes.length);
-    else
-        value = items.text(bytes);
+    items.copyTo(bytes, value);
     miPosition = bytes.end();
 }
 
@@ -255,12 +245,7 @@ void cDeserializeBinary::loadBlock(tBytes& array)
 {
     cBinaryItems const items(*this);
     cRun const bytes = nextBlock(items);
-    tBytes fetched; // as for strings
-    tBytes& block = mbContiguous ? array : fetched;
-    block.setSize(bytes.length);
-    items.copy(bytes, block.data(true));
-    if (!mbContiguous)
-        array = std::move(fetched);
+    items.copyTo(bytes, array);
     miPosition = bytes.end();
 }
 
@@ -278,8 +263,8 @@ cContextRef cDeserializeBinary::getContext(char const* typeName)
 {
     cBinaryItems const items(*this);
     cItem const item = nextContext(items);
-    cBinaryItems::cHeader const header = items.header(item, end());
-    if (typeName && !items.isEqual(header.name, typeName, static_cast<unsigned int>(std::strlen(typeName)))) {
+    cBinaryItems::cHeader const header = items.header(item);
+    if (typeName && !items.isEqual(header.name, typeName, std::strlen(typeName))) {
         nstd::cAsciiString const word("context ");
         throw nstd::cTypeMissmatchException(word + typeName, word + items.text(header.name));
     }
@@ -336,7 +321,7 @@ bool cDeserializeBinary::isLabel()
 nstd::cAsciiString cDeserializeBinary::getNextContextTypeName()
 {
     cBinaryItems const items(*this);
-    return items.text(items.header(nextContext(items), end()).name);
+    return items.text(items.header(nextContext(items)).name);
 }
 
 nstd::cAsciiString cDeserializeBinary::getNextLabelName()
@@ -354,30 +339,33 @@ void cDeserializeBinary::skipItem()
 {
     cBinaryItems const items(*this);
     cItem const item = nextItem(items, luItem);
-    miPosition = item.isLabel() ? passLabel(items, item).end() : items.endOf(item, end());
+    miPosition = item.isLabel() ? passLabel(items, item) : items.endOf(item);
 }
 
-// Searches from `position` on.
+// Searches from `position` on. Only the label that is the last one in the end is copied.
 bool cDeserializeBinary::seekToLabel(nstd::cAsciiString const& name, unsigned int position)
 {
     cBinaryItems const items(*this);
     unsigned int const limit = end();
-    while (position < limit) {
+    cRun passed{};
+    bool isFound = false;
+    while (position < limit && !isFound) {
         cItem const item = items.itemAt(position);
+        if (item.id > kLastItem)
+            cSAExceptions::throwInvalidTypeId(item.id);
         if (item.isLabel()) {
-            cRun const found = passLabel(items, item);
-            position = found.end();
-            if (items.isEqual(found, name.data(true), name.length())) {
-                miPosition = position;
-                return true;
-            }
+            passed = items.textAt(item.payload);
+            position = passed.end();
+            isFound = items.isEqual(passed, name.data(true), name.length());
         } else {
-            if (item.id > kLastItem)
-                cSAExceptions::throwInvalidTypeId(item.id);
-            position = items.endOf(item, limit);
+            position = items.endOf(item);
         }
     }
-    return false;
+    if (passed.position != 0)
+        items.copyTo(passed, msLastLabel);
+    if (isFound)
+        miPosition = position;
+    return isFound;
 }
 
 bool cDeserializeBinary::trySeekToLabel(nstd::cAsciiString const& name)

@@ -22,8 +22,8 @@ struct cBinaryRun;
 /// - at the end of the data or of the current context a read raises cSAExceptions::throwEndOfContext();
 /// - an item of another type raises cLabeledTypeMissmatchException when a label (with a name) has been
 ///   passed since construction, otherwise nstd::cTypeMissmatchException;
-/// - an item that is cut short raises out-of-range (or out-of-bounds when its length wraps) of
-///   "tConstArrayRef", "provideData".
+/// - an item that is cut short, by the end of the data or of the current context, raises out-of-range (or
+///   out-of-bounds when its length wraps) of "tConstArrayRef", "provideData".
 ///
 /// After any of these the read position and the target are as before. A context that claims to reach beyond
 /// the one around it, or beyond the data, ends there.
@@ -39,12 +39,13 @@ public:
 
     /// Reads nothing until setData().
     cDeserializeBinary();
-    /// Reads the caller's data, which must outlive the deserializer.
+    /// Reads the caller's data, as setData() does.
     explicit cDeserializeBinary(tConstBytesRef const& data);
     /// Takes the array over and reads it.
     explicit cDeserializeBinary(nstd::tAutoPtr<tBytes> data);
     ~cDeserializeBinary() override;
 
+    /// `array` keeps its grow step; it may be the data itself, which cannot be read on then.
     void loadBlock(tBytes& array) override;
     void load(signed char& value) override;
     void load(unsigned char& value) override;
@@ -60,8 +61,9 @@ public:
     void load(nucs::cString& value) override;
     void rewind() override;
     bool eoc() const override;
-    /// Copies with the matching store operations. Labels are left out when `target` prefers none; items of
-    /// the ids 0 and 19 are dropped, and larger ids raise cSAExceptions::throwInvalidTypeId().
+    /// Copies with the matching store operations; `target` may write into the data that is read. Labels are
+    /// left out when `target` prefers none; items of the ids 0 and 19 are dropped, and larger ids raise
+    /// cSAExceptions::throwInvalidTypeId().
     void reserialize(cAbstractSerializer& target) override;
     bool isContext() override;
     bool isLabel() override;
@@ -74,7 +76,8 @@ public:
     /// In bytes from the start of the data.
     unsigned int currentPos() const override { return miPosition; }
 
-    /// Reads the caller's data from its start, which must outlive the deserializer. Open contexts end here.
+    /// Reads the caller's data from its start; it is needed until the next setData() or the end of the
+    /// deserializer. Open contexts end here.
     void setData(tConstBytesRef const& data);
     /// Reads the type id of the next item, having passed the labels before it if asked to, and gives the
     /// id's position; the read position is behind the id then.
@@ -107,8 +110,7 @@ private:
     cItem expectTypeId(cBinaryItems const& items, PrivatedTypeIDs id);
     cItem nextContext(cBinaryItems const& items);
     cRun nextBlock(cBinaryItems const& items);
-    cRun passLabel(cBinaryItems const& items, cItem const& label);
-    nstd::cAsciiString lastLabel() const;
+    unsigned int passLabel(cBinaryItems const& items, cItem const& label);
     bool seekToLabel(nstd::cAsciiString const& name, unsigned int position);
     [[noreturn]] void raiseMissmatch(PrivatedTypeIDs expected, PrivatedTypeIDs found) const;
     template<typename T>
@@ -116,7 +118,7 @@ private:
     template<typename T>
     void copyValue(cAbstractSerializer& target);
     void copyBlock(cAbstractSerializer& target);
-    void copyItem(cBinaryItems const& items, cItem const& item, cAbstractSerializer& target);
+    void copyItem(PrivatedTypeIDs id, cAbstractSerializer& target);
 
     void release(tContext& context);
     void leave(tContext& context) noexcept;
@@ -127,8 +129,7 @@ private:
     unsigned int miPosition = 0;
     tContext* mpContext = nullptr;    ///< the innermost open one, not owned
     cRecordPool* mpRecords = nullptr; ///< the memory of the contexts
-    unsigned int miLastLabel = 0;     ///< where the name of the label passed last stands; 0 for none yet
-    nstd::cAsciiString msLastLabel;   ///< the one passed last in the data before
+    nstd::cAsciiString msLastLabel;   ///< the name of the label passed last, in whatever data
 };
 
 } // namespace nsa

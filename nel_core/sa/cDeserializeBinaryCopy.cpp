@@ -84,20 +84,17 @@ void cDeserializeBinary::copyBlock(cAbstractSerializer& target)
 {
     cBinaryItems const items(*this);
     cRun const bytes = nextBlock(items);
-    if (char const* const block = items.at(bytes)) {
-        target.storeBlock(block, bytes.length);
-    } else {
-        tBytes fetched(bytes.length);
-        items.copy(bytes, fetched.data(true));
-        target.storeBlock(fetched.data(true), fetched.length());
-    }
-    miPosition = bytes.end();
+    if (char const* const block = items.at(bytes))
+        return target.storeBlock(block, bytes.length);
+    tBytes fetched;
+    items.copyTo(bytes, fetched);
+    target.storeBlock(fetched.data(true), fetched.length());
 }
 
-// The read position stands at the item, which is no context, and is behind it afterwards.
-void cDeserializeBinary::copyItem(cBinaryItems const& items, cItem const& item, cAbstractSerializer& target)
+// The read position stands at the item, which is no context.
+void cDeserializeBinary::copyItem(PrivatedTypeIDs id, cAbstractSerializer& target)
 {
-    switch (item.id) {
+    switch (id) {
     case cSerializeBinaryShared::ptUChar: return copyValue<unsigned char>(target);
     case cSerializeBinaryShared::ptChar: return copyValue<signed char>(target);
     case cSerializeBinaryShared::ptUInt16: return copyValue<unsigned short>(target);
@@ -115,35 +112,35 @@ void cDeserializeBinary::copyItem(cBinaryItems const& items, cItem const& item, 
     case cSerializeBinaryShared::ptRawBytes64: return copyBlock(target);
     case cSerializeBinaryShared::ptLabel:
         if (!target.noLabelsPreferred())
-            target.newLabel(items.text(items.textAt(item.payload)));
-        [[fallthrough]];
-    default: // nothing to copy, or an unknown item, which raises
-        miPosition = items.endOf(item, end());
+            target.newLabel(getNextLabelName());
+        return;
+    default: return; // nothing to copy
     }
 }
 
+// The bytes are looked up anew for each item: they move when the target writes into the array that is read.
 void cDeserializeBinary::reserialize(cAbstractSerializer& target)
 {
     cKeptPosition const kept(miPosition);
-    cBinaryItems const items(*this);
     cOpenCopies copies;
     unsigned int limit = end();
     for (;;) {
-        while (miPosition >= limit && copies.isOpen()) {
-            miPosition = limit;
+        while (miPosition == limit && copies.isOpen())
             limit = copies.close();
-        }
         if (miPosition >= limit)
             return;
+        cBinaryItems const items(*this, limit);
         cItem const item = items.itemAt(miPosition);
         if (item.isContext()) {
-            cBinaryItems::cHeader const header = items.header(item, limit);
+            cBinaryItems::cHeader const header = items.header(item);
             nstd::cAsciiString const name = items.text(header.name);
             copies.open(target.newContext(header.isNamed ? name.c_str() : nullptr), limit);
             limit = header.end;
             miPosition = header.bodyStart;
         } else {
-            copyItem(items, item, target);
+            unsigned int const next = items.endOf(item); // raises for one that reaches out of its context
+            copyItem(item.id, target);
+            miPosition = next;
         }
     }
 }

@@ -107,7 +107,7 @@ private:
     cFrameEntry& entryAt(unsigned int index) const noexcept
     {
         return index < kOwnPlaces
-                   ? *reinterpret_cast<cFrameEntry*>(const_cast<cPlace&>(maPlaces[index]).bytes)
+                   ? *std::launder(reinterpret_cast<cFrameEntry*>(const_cast<cPlace&>(maPlaces[index]).bytes))
                    : *maMore[index - kOwnPlaces];
     }
     template<typename T>

@@ -1,6 +1,9 @@
 #include "nel_core/sa/cSerializeBinary.h"
 
+#include <algorithm>
 #include <cstring>
+#include <functional>
+#include <utility>
 
 #include "nel_core/sa/cAbstractTypeReference.h"
 #include "nel_core/sa/cSAExceptions.h"
@@ -16,44 +19,21 @@ namespace nsa {
 namespace {
 
 constexpr char kClass[] = "cSerializeBinary";
+constexpr char kStore[] = "storeRaw";
 constexpr unsigned int kOwnGrowStep = 18;
-constexpr unsigned int kSizeField = 4;   // of a context, from its start
-constexpr unsigned int kHeaderSize = 20; // of a context, without its name
-constexpr unsigned int kSmallItem = 256; // what is put together before it is written
+constexpr unsigned int kSizeField = 4;    // of a context, from its start
+constexpr unsigned int kUnnamedSize = 20; // of the start of a context without a name
 
 } // namespace
 
-// Puts the write position back unless the item has been written whole.
-class cSerializeBinary::cWhole {
-public:
-    explicit cWhole(cSerializeBinary& serializer)
-        : mSerializer(serializer),
-          miStart(serializer.miPosition) { }
-    cWhole(cWhole const&) = delete;
-    cWhole& operator=(cWhole const&) = delete;
-    ~cWhole()
-    {
-        if (!mbDone)
-            mSerializer.miPosition = miStart;
-    }
-    void done() { mbDone = true; }
-
-private:
-    cSerializeBinary& mSerializer;
-    unsigned int miStart;
-    bool mbDone = false;
-};
-
-cSerializeBinary::cSerializeBinary()
+cSerializeBinary::cSerializeBinary() : cSerializeBinary(tBytesRef())
 {
-    maOwn.setGrowStep(kOwnGrowStep);
     mTarget.set(maOwn, 0);
-    setPreferNoLabels(true);
 }
 
 cSerializeBinary::cSerializeBinary(tBytesRef const& target) : mTarget(target)
 {
-    maOwn.setGrowStep(kOwnGrowStep);
+    prepareOwn();
     setPreferNoLabels(true);
 }
 
@@ -63,16 +43,44 @@ cSerializeBinary::~cSerializeBinary()
     cRecordPool::abandon(mpRecords);
 }
 
-void cSerializeBinary::storeRaw(char const* bytes, unsigned int count)
+// What is written once is kept for what follows: cutting and clearing release no memory.
+void cSerializeBinary::prepareOwn()
 {
-    unsigned int const end = nstd::tBounds::sum(miPosition, count, kClass, "storeRaw");
-    unsigned int const there = mTarget.length() - miPosition;
-    unsigned int const over = count < there ? count : there;
-    if (over != 0)
-        mTarget.proxyPatchData(miPosition, over, bytes);
-    if (over != count)
-        mTarget.append(bytes + over, count - over);
-    miPosition = end;
+    maOwn.setGrowStep(kOwnGrowStep);
+    maOwn.setFitOnErase(false);
+}
+
+// Whether the bytes lie in the array that is written: when it grows, they move.
+bool cSerializeBinary::isInTarget(char const* bytes) const
+{
+    unsigned int offset = 0;
+    auto const& array = mTarget.constProxyPhysical(offset);
+    unsigned int const length = array.proxyLength();
+    if (length == 0 || array.proxyPreferredBlockSize() != 0)
+        return false;
+    char const* const start = array.proxyProvideData(0, length);
+    return !std::less<>()(bytes, start) && std::less<>()(bytes, start + length);
+}
+
+// Writes an item, the start of it and the rest, at the write position and gives its end. The room for it all
+// comes first, since nothing else can fail; the rest is next, since it may lie where the start will be.
+unsigned int cSerializeBinary::storeRaw(char const* start, unsigned int startSize, char const* rest,
+                                        unsigned int restSize)
+{
+    unsigned int const end = nstd::tBounds::narrow(miPosition + 0ULL + startSize + restSize, kClass, kStore);
+    if (end > mTarget.length()) {
+        if (restSize != 0 && isInTarget(rest)) {
+            tBytes const copy(rest, restSize);
+            return storeRaw(start, startSize, copy.data(), restSize);
+        }
+        mTarget.setSize(end);
+        if (mTarget.length() != end) // not every proxy takes all
+            cSTDExceptions::throwOutOfBounds(kClass, kStore);
+    }
+    if (restSize != 0)
+        mTarget.proxyPatchData(miPosition + startSize, restSize, rest);
+    mTarget.proxyPatchData(miPosition, startSize, start);
+    return end;
 }
 
 template<typename T>
@@ -80,37 +88,26 @@ void cSerializeBinary::storeNumber(PrivatedTypeIDs id, T value)
 {
     char item[sizeof(unsigned int) + sizeof(T)];
     putNumber(putNumber<unsigned int>(item, id), value);
-    storeRaw(item, sizeof(item));
+    miPosition = storeRaw(item, sizeof(item));
 }
 
-// `length` is what the item says of its `size` bytes.
-void cSerializeBinary::storeBytes(PrivatedTypeIDs id, unsigned int length, void const* bytes,
+// `count` is what the item says of its `size` bytes.
+void cSerializeBinary::storeBytes(PrivatedTypeIDs id, unsigned int count, void const* bytes,
                                   unsigned long long size)
 {
-    char item[kSmallItem];
-    char* const payload = putNumber(putNumber<unsigned int>(item, id), length);
-    auto const headerSize = static_cast<unsigned int>(payload - item);
-    unsigned int const total = nstd::tBounds::narrow(miPosition + headerSize + size, kClass, "storeRaw");
-    unsigned int const count = total - miPosition - headerSize;
-    if (count <= kSmallItem - headerSize) {
-        if (count != 0)
-            std::memcpy(payload, bytes, count);
-        return storeRaw(item, headerSize + count);
-    }
-    cWhole whole(*this);
-    storeRaw(item, headerSize);
-    storeRaw(static_cast<char const*>(bytes), count);
-    whole.done();
+    char start[2 * sizeof(unsigned int)];
+    putNumber(putNumber<unsigned int>(start, id), count);
+    miPosition = storeRaw(start, sizeof(start), static_cast<char const*>(bytes),
+                          nstd::tBounds::narrow(size, kClass, kStore));
 }
 
 void cSerializeBinary::storeBlock(char const* data, unsigned int size)
 {
     if (size != 0xFFFFFFFF)
         return storeBytes(cSerializeBinaryShared::ptRawBytes, size, data, size);
-    cWhole whole(*this);
-    storeNumber<unsigned long long>(cSerializeBinaryShared::ptRawBytes64, size);
-    storeRaw(data, size);
-    whole.done();
+    char start[sizeof(unsigned int) + sizeof(unsigned long long)];
+    putNumber<unsigned long long>(putNumber<unsigned int>(start, cSerializeBinaryShared::ptRawBytes64), size);
+    miPosition = storeRaw(start, sizeof(start), data, size);
 }
 
 void cSerializeBinary::store(unsigned char value)
@@ -195,26 +192,16 @@ void cSerializeBinary::clear()
 
 cContextRef cSerializeBinary::newContext(char const* typeName)
 {
-    cWhole whole(*this);
-    unsigned int const start = miPosition;
-    storeContextHeader(typeName);
-    auto* const context = new (*this) tContext(*this, start, miPosition, 0, false);
-    whole.done();
-    return cContextRef(context);
-}
-
-void cSerializeBinary::storeContextHeader(char const* typeName)
-{
-    unsigned int const fields[] = {cSerializeBinaryShared::ptContext, cSerializeBinaryShared::ptUInt32, 0,
-                                   cSerializeBinaryShared::ptBool, typeName ? 1U : 0U};
-    char header[kHeaderSize];
-    static_assert(sizeof(fields) == sizeof(header), "the header is these numbers and nothing else");
-    std::memcpy(header, fields, sizeof(header));
-    storeRaw(header, sizeof(header));
-    if (typeName) {
-        auto const length = nstd::tBounds::narrow(std::strlen(typeName), kClass, "storeRaw");
-        storeBytes(cSerializeBinaryShared::ptAsciiString, length, typeName, length);
-    }
+    using cShared = cSerializeBinaryShared;
+    auto const nameSize = nstd::tBounds::narrow(typeName ? std::strlen(typeName) : 0, kClass, kStore);
+    unsigned int const hasName = typeName ? 1 : 0;
+    unsigned int const numbers[] = {cShared::ptContext,     cShared::ptUInt32, 0, cShared::ptBool, hasName,
+                                    cShared::ptAsciiString, nameSize};
+    unsigned int const size = typeName ? sizeof(numbers) : kUnnamedSize;
+    unsigned int const bodyStart = miPosition + size + nameSize; // when that wraps, storing raises
+    cContextRef context(new (*this) tContext(*this, miPosition, bodyStart, 0, false));
+    miPosition = storeRaw(reinterpret_cast<char const*>(numbers), size, typeName, nameSize);
+    return context;
 }
 
 void cSerializeBinary::releaseCurrentContext()
@@ -258,12 +245,10 @@ void cSerializeBinary::leave(tContext& context) noexcept
 
 cAbstractSerializer& cSerializeBinary::newLabel(nstd::cAsciiString const& name)
 {
-    cWhole whole(*this);
-    char id[sizeof(unsigned int)];
-    putNumber<unsigned int>(id, cSerializeBinaryShared::ptLabel);
-    storeRaw(id, sizeof(id));
-    store(name);
-    whole.done();
+    char start[3 * sizeof(unsigned int)];
+    char* const text = putNumber<unsigned int>(start, cSerializeBinaryShared::ptLabel);
+    putNumber(putNumber<unsigned int>(text, cSerializeBinaryShared::ptAsciiString), name.length());
+    miPosition = storeRaw(start, sizeof(start), name.data(true), name.length());
     return *this;
 }
 
@@ -279,9 +264,12 @@ cSerializeBinary::tBytesRef cSerializeBinary::data()
 void cSerializeBinary::swapData(tBytes& array)
 {
     data();
+    bool const fit = array.fitOnErase(); // only our own array is to keep its room
     maOwn.swap(array);
-    miPosition = 0;
+    array.setFitOnErase(fit);
+    prepareOwn();
     mTarget.set(maOwn, 0);
+    miPosition = 0;
 }
 
 cSerializeBinary::tBytes& cSerializeBinary::ownData()
@@ -292,14 +280,16 @@ cSerializeBinary::tBytes& cSerializeBinary::ownData()
 
 void cSerializeBinary::patch(unsigned int position, cAbstractTypeReference& reference)
 {
-    if (position > miPosition)
+    if (position > mTarget.length())
         cSTDExceptions::throwOutOfBounds(kClass, "patch");
-    cWhole oldPosition(*this);
-    unsigned int const old = miPosition;
-    miPosition = position;
-    reference.store(*this);
-    if (miPosition > old)
-        oldPosition.done();
+    unsigned int const old = std::exchange(miPosition, position);
+    try {
+        reference.store(*this);
+    } catch (...) {
+        miPosition = old;
+        throw;
+    }
+    miPosition = std::max(miPosition, old);
 }
 
 } // namespace nsa

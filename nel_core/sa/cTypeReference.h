@@ -2,7 +2,6 @@
 
 #include <new>
 #include <type_traits>
-#include <utility>
 
 #include "nel_core/export.h"
 #include "nel_core/sa/cAbstractTypeReference.h"
@@ -17,27 +16,9 @@ namespace nsa {
 NEL_EXPORT cAbstractSerializer& operator>>(cReferenceFrame const& frame, cAbstractSerializer& serializer);
 NEL_EXPORT cAbstractDeserializer& operator<<(cReferenceFrame& frame, cAbstractDeserializer& deserializer);
 
-/// Whether both operators are found for T; a container's are found whatever it contains.
-template<typename T, typename = void>
-constexpr bool kHasOperators = false;
+/// Whether the values of T can be written and read.
 template<typename T>
-constexpr bool
-    kHasOperators<T, std::void_t<decltype(std::declval<T const&>() >> std::declval<cAbstractSerializer&>(),
-                                          std::declval<T&>() << std::declval<cAbstractDeserializer&>())>> =
-        true;
-
-/// Whether the values of T can be written and read: T has both operators, and so have the elements of a
-/// container. Pointers have none. A type's operators must be declared before it is first referred to.
-template<typename T>
-constexpr bool kIsSerializable = kHasOperators<T> && !std::is_pointer_v<T>;
-template<typename T>
-constexpr bool kIsSerializable<nstd::tList<T>> = (std::is_default_constructible_v<T> && kIsSerializable<T>);
-template<typename T>
-constexpr bool kIsSerializable<nstd::tVector<T>> = (std::is_default_constructible_v<T> && kIsSerializable<T>);
-template<typename T>
-constexpr bool kIsSerializable<nstd::tPtrList<T>> = false;
-template<typename T>
-constexpr bool kIsSerializable<nstd::tPtrVector<T>> = false;
+constexpr bool kIsSerializable = (kIsStorable<T> && kIsLoadable<T>);
 
 /// The references that frames keep: they all take the same room, which a frame has ready for a few.
 class NEL_EXPORT cFrameEntry : public cAbstractTypeReference {

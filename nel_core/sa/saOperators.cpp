@@ -7,6 +7,12 @@ namespace nsa {
 
 using tBytes = nstd::tArray<char, nstd::tArrayByteLevelTraits<char>>;
 
+cAbstractSerializer& operator>>(char const* text, cAbstractSerializer& serializer)
+{
+    serializer.store(nstd::cAsciiString(text));
+    return serializer;
+}
+
 cAbstractSerializer& operator>>(tBytes const& array, cAbstractSerializer& serializer)
 {
     bool const labels = !serializer.noLabelsPreferred();

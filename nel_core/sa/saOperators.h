@@ -1,6 +1,7 @@
 #pragma once
 
 #include <type_traits>
+#include <utility>
 
 #include "nel_core/sa/cAbstractDeserializer.h"
 #include "nel_core/sa/cAbstractSerializer.h"
@@ -13,6 +14,27 @@
 /// `value >> serializer` and `value << deserializer` for the fundamental types and the containers. Classes
 /// bring operators of their own as members or beside themselves.
 namespace nsa {
+
+/// Whether there is `value >> serializer`, or `value << deserializer`, for a T. The operators must be
+/// declared before this is first asked.
+template<typename T, typename = void>
+constexpr bool kIsStorable = false;
+template<typename T>
+constexpr bool
+    kIsStorable<T, std::void_t<decltype(std::declval<T const&>() >> std::declval<cAbstractSerializer&>())>> =
+        true;
+template<typename T, typename = void>
+constexpr bool kIsLoadable = false;
+template<typename T>
+constexpr bool
+    kIsLoadable<T, std::void_t<decltype(std::declval<T&>() << std::declval<cAbstractDeserializer&>())>> =
+        true;
+
+/// What a container asks of its elements: to load them, it makes them first.
+template<typename T>
+using tIfStorable = std::enable_if_t<kIsStorable<T>, int>;
+template<typename T>
+using tIfLoadable = std::enable_if_t<kIsLoadable<T> && std::is_default_constructible_v<T>, int>;
 
 template<typename T, typename... Others>
 constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
@@ -55,6 +77,17 @@ cAbstractDeserializer& operator<<(T& value, cAbstractDeserializer& deserializer)
     return deserializer;
 }
 
+/// A zero-terminated text has the form of a nstd::cAsciiString; null has that of an empty one.
+NEL_EXPORT cAbstractSerializer& operator>>(char const* text, cAbstractSerializer& serializer);
+
+template<typename T>
+using tIfFormless = std::enable_if_t<
+    std::disjunction_v<std::is_pointer<T>, std::is_null_pointer<T>> && !kIsOneOf<T, char*, char const*>, int>;
+
+/// Any other pointer has no form, and must not take that of something it converts into.
+template<typename T, tIfFormless<T> = 0>
+cAbstractSerializer& operator>>(T pointer, cAbstractSerializer& serializer) = delete;
+
 /// Nothing has no form: nothing is written or read.
 inline cAbstractSerializer& operator>>(piVoid const&, cAbstractSerializer& serializer)
 {
@@ -94,10 +127,11 @@ void loadElements(Container& container, T const& blank, char const* contextName,
     Container loaded;
     {
         cContext context(deserializer.getContext(contextName));
+        auto position = deserializer.currentPos();
         while (!deserializer.eoc()) {
-            auto const before = deserializer.currentPos();
             loaded.append(blank) << deserializer;
-            if (deserializer.currentPos() == before && before != cAbstractDeserializer::kNoPosition)
+            auto const before = std::exchange(position, deserializer.currentPos());
+            if (position == before && position != cAbstractDeserializer::kNoPosition)
                 cSAExceptions::throwEndOfContext();
         }
         context.release();
@@ -106,14 +140,14 @@ void loadElements(Container& container, T const& blank, char const* contextName,
 }
 
 /// A list: an unnamed context that holds the elements. Reading accepts a context of any name.
-template<typename T>
+template<typename T, tIfStorable<T> = 0>
 cAbstractSerializer& operator>>(nstd::tList<T> const& list, cAbstractSerializer& serializer)
 {
     storeElements(list, nullptr, serializer);
     return serializer;
 }
 
-template<typename T>
+template<typename T, tIfLoadable<T> = 0>
 cAbstractDeserializer& operator<<(nstd::tList<T>& list, cAbstractDeserializer& deserializer)
 {
     loadElements(list, T(), nullptr, deserializer);
@@ -121,14 +155,14 @@ cAbstractDeserializer& operator<<(nstd::tList<T>& list, cAbstractDeserializer& d
 }
 
 /// A vector: a context named "unknown" that holds the elements.
-template<typename T>
+template<typename T, tIfStorable<T> = 0>
 cAbstractSerializer& operator>>(nstd::tVector<T> const& vector, cAbstractSerializer& serializer)
 {
     storeElements(vector, "unknown", serializer);
     return serializer;
 }
 
-template<typename T>
+template<typename T, tIfLoadable<T> = 0>
 cAbstractDeserializer& operator<<(nstd::tVector<T>& vector, cAbstractDeserializer& deserializer)
 {
     loadElements(vector, T(), "unknown", deserializer);

@@ -24,6 +24,8 @@ public:
           miEnd(end),
           mbCut(isCut)
     {
+        if (mpParent)
+            mpParent->mpChild = this;
         stream.mpContext = this;
     }
     ~tBinaryContext() override
@@ -51,15 +53,15 @@ public:
     bool isCut() const noexcept { return mbCut; }
     bool isReleased() const noexcept { return mbReleased; }
     void setReleased() noexcept { mbReleased = true; }
-    bool isCurrent() const noexcept { return mpStream->mpContext == this; }
+    /// Whether it is the innermost one.
+    bool isCurrent() const noexcept { return !mpChild; }
 
     /// Takes the record out of its stream's chain, wherever it stands there.
     void detach() noexcept
     {
-        auto** link = &mpStream->mpContext;
-        while (*link != this)
-            link = &(*link)->mpParent;
-        *link = mpParent;
+        (mpChild ? mpChild->mpParent : mpStream->mpContext) = mpParent;
+        if (mpParent)
+            mpParent->mpChild = mpChild;
         mpStream = nullptr;
     }
     /// Empties the chain of a stream.
@@ -70,9 +72,10 @@ public:
     }
 
 private:
-    Stream* mpStream;         ///< null once out of the chain
-    tBinaryContext* mpParent; ///< the context around this one
-    unsigned int miStart;     ///< of the context's type id
+    Stream* mpStream;                  ///< null once out of the chain
+    tBinaryContext* mpParent;          ///< the context around this one
+    tBinaryContext* mpChild = nullptr; ///< the open one inside it
+    unsigned int miStart;              ///< of the context's type id
     unsigned int miBodyStart;
     unsigned int miEnd; ///< of a context that is read
     bool mbCut;         ///< it claims to reach further than `miEnd`

@@ -40,6 +40,13 @@ void obeyEnvironment(char const* tag, unsigned int line)
         npi::breakPoint();
 }
 
+// Lets a text of any length grow by an eighth at least, instead of by small steps.
+void adaptGrowth(nucs::cString& text)
+{
+    while (text.length() >> text.growStep() > 8)
+        text.setGrowStep(text.growStep() + 1);
+}
+
 bool loadBool(nsa::cAbstractDeserializer& deserializer)
 {
     bool value = false;
@@ -239,33 +246,34 @@ cAbstractException const* cAbstractException::has(cAsciiString const& name) cons
 }
 
 void cAbstractException::createMessage(nucs::cString& out, nucs::cString const& separator, unsigned int flags,
-                                       nucs::cLILocale const* locale) const
+                                       nucs::cLILocale const*) const
 {
     nucs::cString text;
     nucs::cString indentation;
-    createMessage(*this, text, flags, locale);
+    unsigned int repeatable = nucs::cLIMessage::kRepeatedMax;
+    auto const growStep = text.growStep();
+    appendMessage(text, repeatable);
     for (auto const* cause = flags & mfHistory ? mpHistory : nullptr; cause; cause = cause->mpHistory) {
         text += separator;
         if (flags & mfIndent) {
             indentation.appendC(" ");
-            text += indentation;
+            if (indentation.length() <= repeatable) {
+                text += indentation;
+                repeatable -= indentation.length();
+            }
         }
-        createMessage(*cause, text, flags, locale);
+        cause->appendMessage(text, repeatable);
+        adaptGrowth(text);
     }
+    text.setGrowStep(growStep);
     out = std::move(text);
 }
 
 void cAbstractException::createMessage(cAbstractException const& exception, nucs::cString& out, unsigned int,
                                        nucs::cLILocale const*)
 {
-    auto const* const message = exception.liMessage();
-    if (!message) {
-        out.appendC(exception.what());
-        return;
-    }
-    nucs::cString text;
-    message->untranslated(text);
-    out += text;
+    unsigned int repeatable = nucs::cLIMessage::kRepeatedMax;
+    exception.appendMessage(out, repeatable);
 }
 
 // Not by recursion through the destructors: a chain may be longer than the stack is deep.
@@ -318,6 +326,18 @@ bool cAbstractException::isInChain(cAbstractException const& exception) const
     while (member && member != &exception)
         member = member->mpHistory;
     return member != nullptr;
+}
+
+void cAbstractException::appendMessage(nucs::cString& out, unsigned int& repeatable) const
+{
+    auto const* const message = liMessage();
+    if (!message) {
+        out.appendC(what());
+        return;
+    }
+    nucs::cString text;
+    message->untranslated(text, repeatable);
+    out += text;
 }
 
 void cAbstractException::dumpLine() const

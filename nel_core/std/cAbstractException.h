@@ -81,7 +81,8 @@ public:
 
     /// Replaces `out` by this message. With mfHistory the messages of the history follow, a separator in
     /// front of each and, with mfIndent, one space for each level behind the separator. A null locale means
-    /// the untranslated texts.
+    /// the untranslated texts. A chain from outside cannot blow up its text: indentation and repeated values
+    /// together add at most nucs::cLIMessage::kRepeatedMax code points, the levels beyond are not indented.
     void createMessage(nucs::cString& out, nucs::cString const& separator, unsigned int flags,
                        nucs::cLILocale const* locale) const;
     /// Appends the message of `exception` alone, or its kind word when it has none. A null locale means the
@@ -120,6 +121,7 @@ private:
     void copyOwnFields(cAbstractException const& other) noexcept;
     cAbstractException& last();
     bool isInChain(cAbstractException const& exception) const;
+    void appendMessage(nucs::cString& out, unsigned int& repeatable) const;
     void dumpLine() const;
 
     char msSourceFile[64] = {};

@@ -22,8 +22,7 @@ constexpr char kTranslatable[] = "$MTR$";
 constexpr char kNotTranslatable[] = "$MNTR$";
 constexpr char kMissing[] = "???";
 constexpr unsigned int kBackslash = '\\';
-constexpr unsigned int kRepeatedMax = 1u << 20; // code points that the repetitions of values add to a text
-constexpr unsigned int kCopiedMax = 1u << 16;   // code points of a text that is worth a pool that fits
+constexpr unsigned int kCopiedMax = 1u << 16; // code points of a text that is worth a pool that fits
 
 // A character of a key or of a translation, as text.
 unsigned int codePointOf(char byte)
@@ -142,7 +141,12 @@ private:
 // sorted once the first few do not do, and what showing values again and again may add is limited.
 class cValues {
 public:
-    explicit cValues(nstd::tList<cLIItem> const& items) : mItems(items) { }
+    // `repeatable`: how many code points repetitions may still add.
+    cValues(nstd::tList<cLIItem> const& items, unsigned int& repeatable)
+        : mItems(items),
+          miRepeatable(repeatable)
+    {
+    }
     cValues(cValues const&) = delete;
     cValues& operator=(cValues const&) = delete;
 
@@ -209,10 +213,10 @@ private:
     }
 
     nstd::tList<cLIItem> const& mItems;
+    unsigned int& miRepeatable;
     bool mabIsShown[kFew] = {};      // of the first few
     nstd::tAutoPtr<cEntry> mpSorted; // the others; null until they are wanted
     unsigned int miCount = 0;        // of the others
-    unsigned int miRepeatable = kRepeatedMax;
 };
 
 bool removeSpecial(char const*& text, unsigned int& length, char const* marker)
@@ -247,9 +251,12 @@ public:
     nstd::cAsciiString const& key() const { return msKey; }
     bool isTranslatable() const { return mbTranslatable; }
     nstd::cNumberConversionFormat const* format() const { return mpFormat.get(); }
-    void untranslated(cString& out) const { translate(msKey.c_str(), msKey.length(), out); }
+    void untranslated(cString& out, unsigned int& repeatable) const
+    {
+        translate(msKey.c_str(), msKey.length(), out, repeatable);
+    }
     template<typename Char>
-    void translate(Char const* source, unsigned int length, cString& out) const;
+    void translate(Char const* source, unsigned int length, cString& out, unsigned int& repeatable) const;
     void store(nsa::cAbstractSerializer& serializer) const;
     void load(nsa::cAbstractDeserializer& deserializer);
 
@@ -337,10 +344,11 @@ void cLIMessage::cImpl::setFormat(nstd::cNumberConversionFormat const& format)
 
 // Replaces the placeholders of `source` from left to right; what has been put in is not searched.
 template<typename Char>
-void cLIMessage::cImpl::translate(Char const* source, unsigned int length, cString& out) const
+void cLIMessage::cImpl::translate(Char const* source, unsigned int length, cString& out,
+                                  unsigned int& repeatable) const
 {
     cUnescaped text(length);
-    cValues values(moArguments);
+    cValues values(moArguments, repeatable);
     nstd::cAsciiString name;
     name.setFitOnErase(false);
     unsigned int literal = 0;
@@ -498,15 +506,22 @@ nstd::cAsciiString const& cLIMessage::key() const
 
 void cLIMessage::translate(cString const& translation, cString& out) const
 {
+    unsigned int repeatable = kRepeatedMax;
     if (impl().isTranslatable())
-        impl().translate(translation.data(true), translation.length(), out);
+        impl().translate(translation.data(true), translation.length(), out, repeatable);
     else
-        impl().untranslated(out);
+        impl().untranslated(out, repeatable);
 }
 
 void cLIMessage::untranslated(cString& out) const
 {
-    impl().untranslated(out);
+    unsigned int repeatable = kRepeatedMax;
+    impl().untranslated(out, repeatable);
+}
+
+void cLIMessage::untranslated(cString& out, unsigned int& repeatable) const
+{
+    impl().untranslated(out, repeatable);
 }
 
 void cLIMessage::untranslated(nstd::cAsciiString& out) const

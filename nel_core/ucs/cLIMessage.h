@@ -22,9 +22,12 @@ namespace nucs {
 /// error.
 ///
 /// A message from outside cannot blow up its text: each value is shown in full once, but all repetitions of
-/// values together add at most 2^20 code points. A repetition that would go beyond that is shown as "???".
+/// values together add at most kRepeatedMax code points. A repetition that would go beyond that is shown as
+/// "???".
 class NEL_EXPORT cLIMessage {
 public:
+    static constexpr unsigned int kRepeatedMax = 1u << 20;
+
     /// The empty message; takes no memory.
     cLIMessage() noexcept;
     /// A message with this key, taken as it is: a marker stays in it.
@@ -62,6 +65,9 @@ public:
     void translate(cString const& translation, cString& out) const;
     /// Replaces `out` by the key with the values filled in.
     void untranslated(cString& out) const;
+    /// The same for one of several messages that make up one text: what its repetitions add comes out of
+    /// `repeatable`, which starts with kRepeatedMax.
+    void untranslated(cString& out, unsigned int& repeatable) const;
     /// The same as ASCII, with "?" for every character above 127.
     void untranslated(nstd::cAsciiString& out) const;
 

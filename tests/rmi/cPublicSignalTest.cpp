@@ -133,6 +133,14 @@ TEST_F(cPublicSignalTest, whoeverDiesFirstIsForgotten)
     lasting.setPublicSignal(&loose);
     lasting.setPublicSignal(nullptr);
     EXPECT_EQ(lasting.isPublicSignal(), nullptr);
+
+    auto hidden = std::make_unique<nrmi::signal0<piVoid>>();
+    publish(*hidden, "hidden");
+    hidden->setPublicSignal(nullptr);
+    EXPECT_EQ(hidden->isPublicSignal(), nullptr);
+    EXPECT_EQ(&object.findSignal("hidden"), hidden.get());
+    hidden.reset();
+    EXPECT_THROW(object.findSignal("hidden"), nrmi::cNoSuchSignalException);
 }
 
 TEST_F(cPublicSignalTest, anExportThatFailsLeavesNothing)

@@ -26,6 +26,8 @@ using ntest::messageOf;
 using ntest::raisedBy;
 using ntest::text;
 
+static_assert(nrmi::kCanTravel<piVoid> && !nrmi::kCanTravel<nsa::cReferenceFrame>);
+
 // The message of the E that is raised.
 template<typename E, typename Callable>
 std::string messageRaised(Callable&& callable)
@@ -69,6 +71,11 @@ public:
             name.toUpper();
         name += suffix;
         return old;
+    }
+    piUInt32 sltTwice(piUInt32& value) const noexcept
+    {
+        value *= 2;
+        return value;
     }
     piVoid sltLocal(cStation*, cUnfinished const&) { return called("local"); }
 };
@@ -295,6 +302,19 @@ TEST_F(cPublicSlotTest, aCallThroughAStream)
         raisedBy<nstd::cRuntimeException>([&] { calledThroughStream(*station, "refresh"); })->history());
 }
 
+TEST_F(cPublicSlotTest, aSlotMayBeConstantAndTheObjectBeNamed)
+{
+    auto const& published = nrmi::publishSlot(*station, "twice", &cStation::sltTwice, "");
+    EXPECT_EQ(flagsOf(published.parameters()[0]), "piUInt32 alterable");
+    EXPECT_EQ(calledThroughStream(*station, "twice", ntest::number(3)), ntest::number(6) + ntest::number(6));
+
+    nrmi::localSignal1<piUInt32, piUInt32&> signal;
+    signal.connect(nrmi::slot(station.get(), &cStation::sltTwice));
+    piUInt32 value = 4;
+    signal(value);
+    EXPECT_EQ(value, 8u);
+}
+
 // All the ways to make a call by name; what the slot does to the object must not matter to any.
 TEST_F(cPublicSlotTest, aSlotMayDestroyAllThatIsPartOfTheCall)
 {
@@ -304,12 +324,15 @@ TEST_F(cPublicSlotTest, aSlotMayDestroyAllThatIsPartOfTheCall)
             auto object = std::make_unique<cStation>();
             nrmi::signal0<piVoid> signal;
             nrmi::publishSlot(object.get(), "refresh", &cStation::sltRefresh, "");
-            object->mAction = [&] { isDeleted ? object.reset() : object->clear(); };
             piVoid result;
-            nsa::cReferenceFrame frame;
-            frame.addRef(result, true, false);
+            auto frame = std::make_unique<nsa::cReferenceFrame>();
+            frame->addRef(result, true, false);
+            object->mAction = [&] {
+                frame.reset();
+                isDeleted ? object.reset() : object->clear();
+            };
             if (way == 0)
-                object->invokeIndirectSlot("refresh", frame);
+                object->invokeIndirectSlot("refresh", *frame);
             else if (way == 1)
                 calledThroughStream(*object, "refresh");
             else {
@@ -355,6 +378,34 @@ TEST_F(cPublicSlotTest, connectionsByName)
     EXPECT_NE(assertion.find("(mpCall != 0)"), std::string::npos);
     station.reset();
     EXPECT_FALSE(signal.isConnected());
+}
+
+// Takes the public slot of that name back.
+void withdraw(cStation& object, std::string const& name)
+{
+    auto& slots = object.codRSlots();
+    auto at = slots.begin();
+    while (text((*at)->name()) != name)
+        ++at;
+    slots.erase(at);
+}
+
+TEST_F(cPublicSlotTest, aConnectionKnowsThatItsSlotIsWithdrawn)
+{
+    nrmi::signal0<piVoid> signals[4];
+    for (auto& signal : signals)
+        signal.connect(*station, "refresh", nrmi::cAbstractSignal::srResolve);
+    nrmi::cIndirectResolvingSlotCall0<piVoid> const resolved(*station, station->tryFindSlot("refresh"));
+    signals[1].disconnect(*station); // one in the middle, one at the end
+    signals[0].disconnect(*station);
+    station->mAction = [&] { withdraw(*station, "refresh"); };
+    signals[3]();
+    EXPECT_EQ(station->msLog, "refresh");
+    for (auto* const signal : {&signals[3], &signals[2]})
+        EXPECT_EQ(messageRaised<nrmi::cNoSuchSlotException>([&] { (*signal)(); }),
+                  "Slot \"refresh(())\" not found in interface");
+    EXPECT_THROW(signals[0].connect(resolved), nstd::cBugException);
+    EXPECT_FALSE(signals[0].isConnected());
 }
 
 class cBareCall : public nrmi::cAbstractSlotCall {

@@ -1,8 +1,10 @@
 #include "nel_core/sa/cDeserializeBinary.h"
 
 #include <cstring>
+#include <deque>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
 #include <string>
 
 #include "nel_core/sa/cLabeledTypeMissmatchException.h"
@@ -13,6 +15,7 @@
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/ucs/cString.h"
 #include "tests/support/cBlocks.h"
+#include "tests/support/cFailingMemory.h"
 #include "tests/support/raisedBy.h"
 
 namespace {
@@ -173,6 +176,59 @@ TEST(cDeserializeBinaryTest, everyItemComesBackFromBytesInOnePieceAndInBlocks)
     EXPECT_TRUE(loaded == cAll());
 }
 
+TEST(cDeserializeBinaryTest, missingMemoryLosesNothing)
+{
+    if (!ntest::cFailingMemory::isAvailable())
+        GTEST_SKIP();
+    tBytes const bytes = bytesOf(allStored());
+    cDeserializeBinary d(bytes);
+    cSerializeBinary copy;
+    auto const refusals = ntest::failEachRequest(
+        [&] {
+            cAll loaded = cAll::blank();
+            loaded.load(d);
+            d.rewind();
+            d.reserialize(copy);
+        },
+        [&] {
+            d.rewind(); // to the start: no context is open
+            EXPECT_EQ(d.currentPos(), 0U);
+            copy.rewind();
+            EXPECT_NO_THROW(copy.data());
+        });
+    EXPECT_GT(refusals, 20U);
+}
+
+// On i386 a double in a register would lose what makes the NaN signal.
+TEST(cDeserializeBinaryTest, everyDoubleKeepsItsBits)
+{
+    std::string const stored = u32(9) + u32(1) + u32(0x7FF00000);
+    tBytes const bytes = bytesOf(stored);
+    cDeserializeBinary d(bytes);
+    double number = 0;
+    number << d;
+    EXPECT_EQ(std::memcmp(&number, stored.data() + 4, 8), 0);
+    cSerializeBinary copy;
+    d.rewind();
+    d.reserialize(copy);
+    EXPECT_TRUE(copy.ownData() == bytes);
+}
+
+TEST(cDeserializeBinaryTest, aBlockReplacesTheDataThatIsReadButNotTheSettings)
+{
+    std::string const stored = u32(1) + u32(3) + "abc"s;
+    tBytes bytes = bytesOf(stored);
+    cDeserializeBinary d(bytes);
+    d.loadBlock(bytes);
+    EXPECT_TRUE(bytes == bytesOf("abc"));
+
+    ntest::cBlocks const blocks(stored, 3);
+    cDeserializeBinary pieces(blocks);
+    bytes.setGrowStep(9);
+    pieces.loadBlock(bytes);
+    EXPECT_EQ(bytes.growStep(), 9U);
+}
+
 TEST(cDeserializeBinaryTest, aStreamCutAnywhereRaises)
 {
     std::string const stored = allStored();
@@ -226,7 +282,7 @@ struct cRefusal {
     char const* name;
     std::string bytes;
     void (*load)(cDeserializeBinary&);
-    char const* message;
+    std::string message;
 };
 
 cRefusal const kRefusals[] = {
@@ -265,6 +321,10 @@ cRefusal const kRefusals[] = {
     {"a context of another name, behind a label", label("A") + context(16, ""),
      [](cDeserializeBinary& d) { d.getContext("X"); },
      "Type mismatch: Expecting type \"context X\" but got object of type \"context \"!"},
+    {"a context whose name goes on behind a zero",
+     "\f\0\0\0\4\0\0\0\x1F\0\0\0\b\0\0\0\1\0\0\0"s + u32(10) + u32(3) + "A\0B"s,
+     [](cDeserializeBinary& d) { d.getContext("A"); },
+     "Type mismatch: Expecting type \"context A\" but got object of type \"context A\0B\"!"s},
     {"no label", u32(4) + u32(1), [](cDeserializeBinary& d) { d.getNextLabelName(); },
      "Type mismatch: Expecting type \"label\" but got object of type \"piUInt32\"!"},
     {"a label that is named by labels", u32(13) + u32(13) + u32(13), [](cDeserializeBinary& d) { d.eoc(); },
@@ -450,6 +510,27 @@ TEST(cDeserializeBinaryTest, whatAContextClaimsIsHeldAgainstTheDataAroundIt)
     EXPECT_TRUE(d.eoc());
 }
 
+// Otherwise many short contexts, each with an item that claims all that follows, would multiply the data.
+TEST(cDeserializeBinaryTest, noItemReachesOutOfItsContext)
+{
+    std::string const items[] = {
+        u32(4) + u32(0), u32(10) + u32(3) + "abc"s, u32(14) + u32(3) + u32(0) + "abc"s,
+        label("abc"),    context(16, ""),
+    };
+    for (auto const& item : items) {
+        SCOPED_TRACE(static_cast<int>(item[0]));
+        auto const size = static_cast<unsigned int>(item.size());
+        tBytes const bytes = bytesOf(context(15 + size, item) + u32(0));
+        cDeserializeBinary d(bytes);
+        cSerializeBinary copy;
+        EXPECT_TRUE(ntest::raisedBy<nstd::cOutOfRangeException>([&] { d.reserialize(copy); }).has_value());
+        cContext record(d.getContext(nullptr));
+        EXPECT_TRUE(ntest::raisedBy<nstd::cOutOfRangeException>([&] { d.skipItem(); }).has_value());
+        EXPECT_TRUE(ntest::raisedBy<nstd::cOutOfRangeException>([&] { d.reserialize(copy); }).has_value());
+        EXPECT_EQ(d.currentPos(), 20U);
+    }
+}
+
 TEST(cDeserializeBinaryTest, labelsAreFoundBehindAndBeforeTheReadPosition)
 {
     cSerializeBinary s;
@@ -481,10 +562,16 @@ TEST(cDeserializeBinaryTest, labelsAreFoundBehindAndBeforeTheReadPosition)
     block << d;
     EXPECT_TRUE(block.isEqual("abc", 3));
 
-    // A label stays the last one when the data it stood in is replaced.
+    // A label stays the last one when the data it stood in is gone.
+    auto gone = std::make_unique<tBytes>(bytesOf(label("gone") + u32(4) + u32(0)));
+    d.setData(*gone);
+    number << d;
+    gone.reset();
     tBytes const other = bytesOf(u32(5) + u32(0));
     d.setData(other);
-    EXPECT_TRUE(ntest::raisedBy<nsa::cLabeledTypeMissmatchException>([&] { number << d; }).has_value());
+    auto const error = ntest::raisedBy<nsa::cLabeledTypeMissmatchException>([&] { number << d; });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->lastLabel(), "gone");
 }
 
 TEST(cDeserializeBinaryTest, copyingGivesTheSameBytesUpToLabelsAndStringForms)
@@ -526,6 +613,16 @@ TEST(cDeserializeBinaryTest, nestingOfAnyDepthIsWalkedAndCopied)
     d.rewind();
     d.reserialize(copy);
     EXPECT_EQ(copy.currentPos(), 20 * depth);
+    {
+        std::deque<cContext> open;
+        while (!d.eoc())
+            open.emplace_back(d.getContext(nullptr));
+        while (!open.empty()) // from the outside in
+            open.pop_front();
+    }
+    EXPECT_EQ(d.currentPos(), 20 * (depth - 1));
+    d.rewind();
+    EXPECT_EQ(d.currentPos(), 0U);
 
     struct cFailing : cSerializeBinary {
         void store(int) override { throw nstd::cRuntimeException(); }

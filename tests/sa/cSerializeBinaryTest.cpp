@@ -1,10 +1,12 @@
 #include "nel_core/sa/cSerializeBinary.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <string>
 
 #include "nel_core/sa/cContext.h"
+#include "nel_core/sa/cDeserializeBinary.h"
 #include "nel_core/sa/cTypeReference.h"
 #include "nel_core/sa/saOperators.h"
 #include "nel_core/std/cBugException.h"
@@ -31,6 +33,10 @@ std::string hex(cSerializeBinary& serializer)
     return text;
 }
 
+using nsa::kIsStorable;
+static_assert(kIsStorable<char const*> && kIsStorable<char[4]> && !kIsStorable<void*>);
+static_assert(!kIsStorable<int*> && !kIsStorable<std::nullptr_t> && !kIsStorable<wchar_t const*>);
+
 std::string const kEmptyContext = "0C00000004000000100000000800000000000000";
 
 TEST(cSerializeBinaryTest, rewritingOverwritesAndDataCutsTheRest)
@@ -50,9 +56,57 @@ TEST(cSerializeBinaryTest, rewritingOverwritesAndDataCutsTheRest)
     true >> serializer;
     EXPECT_EQ(hex(serializer), "0800000001000000");
     EXPECT_EQ(&serializer.ownData()[0], serializer.data().proxyProvideData(0, 8));
+    EXPECT_EQ(serializer.ownData().growStep(), 18U); // not that of the array given
     serializer.clear();
     EXPECT_EQ(serializer.currentPos(), 0U);
     EXPECT_TRUE(serializer.ownData().empty());
+}
+
+TEST(cSerializeBinaryTest, thePartOfAnArrayThatIsViewedGrowsAndTheRestStays)
+{
+    tBytes target("<12345>", 7);
+    cSerializeBinary serializer(cSerializeBinary::tBytesRef(target, 1, 5));
+    "ab" >> serializer;
+    EXPECT_TRUE(target.isEqual("<\n\0\0\0\2\0\0\0ab>", 12));
+    serializer.rewind();
+    serializer.store(static_cast<signed char>('c'));
+    EXPECT_EQ(hex(serializer), "0300000063");
+    EXPECT_TRUE(target.isEqual("<\3\0\0\0c>", 7));
+}
+
+// The bytes move, or are written over, while they are stored.
+TEST(cSerializeBinaryTest, theDataItselfCanBeStored)
+{
+    std::string const text(1000, 'x');
+    tBytes target;
+    cSerializeBinary serializer(target);
+    text.c_str() >> serializer;
+    std::string const stored(target.begin(), target.end());
+    serializer.storeBlock(target.data(), target.length());
+    ASSERT_EQ(target.length(), 2024U);
+    EXPECT_TRUE(target.isEqual(stored.data(), 1016 - 8, 0) && target.isEqual(stored.data(), 1016, 1008));
+    serializer.rewind();
+    serializer.storeBlock(target.data(), 1008);
+    EXPECT_TRUE(target.isEqual(stored.data(), 8, 1008));
+
+    nsa::cDeserializeBinary reader(serializer.data());
+    reader.reserialize(serializer);
+    EXPECT_EQ(target.length(), 2032U);
+    EXPECT_TRUE(target.isEqual(stored.data(), 1024, 1008));
+}
+
+TEST(cSerializeBinaryTest, aTargetThatTakesNoMoreRaises)
+{
+    struct cFull : tBytes {
+        using tBytes::tBytes;
+        unsigned int proxyInsertDefaultObjects(unsigned int, unsigned int) override { return 0; }
+    } full(10);
+    cSerializeBinary serializer(full);
+    1U >> serializer;
+    auto const error = ntest::raisedBy<nstd::cOutOfBoundsException>([&] { 2U >> serializer; });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->operation(), "storeRaw");
+    EXPECT_EQ(hex(serializer), "0400000001000000");
 }
 
 TEST(cSerializeBinaryTest, contextsNestAndTheUnreleasedOneVanishes)
@@ -143,6 +197,10 @@ TEST(cSerializeBinaryTest, patchStaysBehindTheWritePositionOrTakesItAlong)
     EXPECT_TRUE(
         ntest::raisedBy<nstd::cBugException>([&] { serializer.patch(0, unserializable); }).has_value());
     EXPECT_EQ(serializer.currentPos(), 20U);
+
+    serializer.rewind(); // the data is there until it is cut
+    serializer.patch(8, reference);
+    EXPECT_EQ(hex(serializer), "04000000090000000400000009000000");
 }
 
 TEST(cSerializeBinaryTest, whatWouldPassFourGigabytesIsRefusedWhole)
@@ -160,13 +218,13 @@ TEST(cSerializeBinaryTest, whatWouldPassFourGigabytesIsRefusedWhole)
     }
 }
 
-// Labels, large strings and contexts are written in several pieces: none may stay alone.
-TEST(cSerializeBinaryTest, missingMemoryLeavesNoPartOfAnItem)
+TEST(cSerializeBinaryTest, missingMemoryLeavesPositionAndBytesAsTheyWere)
 {
     if (!ntest::cFailingMemory::isAvailable())
         GTEST_SKIP();
     nstd::cAsciiString text;
     text.appendElements(1000, 'x');
+    nsa::cTypeReference<nstd::cAsciiString> reference(text, false, true);
     tBytes target;
     target.setGrowStep(0);
     cSerializeBinary serializer(target);
@@ -175,17 +233,48 @@ TEST(cSerializeBinaryTest, missingMemoryLeavesNoPartOfAnItem)
         [&] {
             serializer.rewind();
             8U >> serializer;
+            serializer.patch(4, reference);
+            serializer.rewind();
+            8U >> serializer;
             serializer.newLabel("name");
             text >> serializer;
             cContext context(serializer.newContext("context"));
             context.release();
         },
         [&] {
-            unsigned int const whole[] = {8, 24, 1032, 1067};
+            unsigned int const whole[] = {8, 24, 1012, 1032, 1067};
             EXPECT_NE(std::find(std::begin(whole), std::end(whole), serializer.currentPos()),
                       std::end(whole));
+            EXPECT_TRUE(target.isEqual("\4\0\0\0\10\0\0\0", 8) || serializer.currentPos() == 1012);
         });
     EXPECT_GT(refusals, 2U);
+}
+
+TEST(cSerializeBinaryTest, aWarmSerializerTakesNoMemory)
+{
+    if (!ntest::cFailingMemory::isAvailable())
+        GTEST_SKIP();
+    nstd::cAsciiString const name("0123456789abcdef");
+    nucs::cString const text("0123456789abcdef0123456789abcdef");
+    nstd::tList<unsigned int> numbers;
+    for (unsigned int i = 0; i < 100; ++i)
+        numbers.append(i);
+    cSerializeBinary serializer;
+    auto const store = [&] {
+        7U >> serializer, -1LL >> serializer, true >> serializer, 0.25 >> serializer;
+        name >> serializer, text >> serializer, numbers >> serializer;
+        cContext context(serializer.newContext("nested"));
+        1 >> serializer, 2 >> serializer;
+        context.release();
+    };
+    store();
+    ntest::cFailingMemory const memory(1); // would make a request raise
+    serializer.rewind();
+    store();
+    serializer.clear();
+    store();
+    serializer.data();
+    EXPECT_FALSE(memory.hasFailed());
 }
 
 } // namespace

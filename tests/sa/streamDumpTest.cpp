@@ -159,8 +159,15 @@ TEST_F(streamDumpTest, damageEndsTheDump)
          "      20 error: The context ends inside its header!\n"},
         {"an item beyond its context", context(word(10) + word(8)) + ntest::number(1) + ntest::number(2),
          "       0 context\n"
-         "      20   cAsciiString \"\\x04\\x00\\x00\\x00\\x01\\x00\\x00\\x00\"\n"
-         "      28 error: The context ends inside an item!\n"},
+         "      20 error: The item is longer than what is left for it!\n"},
+        {"a length that wraps", word(10) + word(0xFFFFFFFC),
+         "       0 error: The item is longer than any stream!\n"},
+        {"a label without a name", ntest::number(1) + word(13) + ntest::number(2),
+         "       0 piUInt32 1\n"
+         "       8 error: Type mismatch: Expecting type \"cAsciiString\" but got object of type "
+         "\"piUInt32\"!\n"},
+        {"no UTF-8", word(16) + word(1) + "\xff",
+         "       0 error: Unicode decode error!: UTF8 decode error - unsupported length of 7!\n"},
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.name);

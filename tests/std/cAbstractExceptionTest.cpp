@@ -161,6 +161,18 @@ TEST_F(cAbstractExceptionTest, createMessageShowsWhatTheFlagsSay)
     EXPECT_EQ(ntest::text(both), "A-B-C-bareA") << "the static form appends";
 }
 
+TEST_F(cAbstractExceptionTest, theTextOfALongChainIsInProportion)
+{
+    auto const repeating = message("%a%%a%%a%") << nucs::cString(std::string(1000, 'x').c_str());
+    cBugException error(repeating);
+    for (int i = 0; i < 1000; ++i)
+        error.link(new cBugException(repeating));
+    nucs::cString out;
+    error.createMessage(out, "\n", 5, nullptr);
+    EXPECT_NE(ntest::text(out).find("\n" + std::string(400, ' ') + "xxx"), std::string::npos);
+    EXPECT_LE(out.length(), 1001 * 1010 + nucs::cLIMessage::kRepeatedMax);
+}
+
 TEST_F(cAbstractExceptionTest, dumpWritesOneEntryForEachException)
 {
     cBugException error(message("A"));

@@ -5,6 +5,8 @@
 
 #include "nel_core/std/cAbstractException.h"
 #include "nel_core/std/cAsciiString.h"
+#include "nel_core/std/cOutOfBoundsException.h"
+#include "nel_core/std/cOutOfRangeException.h"
 #include "nel_core/ucs/cString.h"
 
 using nsa::cSerializeBinaryShared;
@@ -43,6 +45,10 @@ cStreamDump::Result cStreamDump::run()
 {
     try {
         while (!mWriter.hasFailed() && showNext()) { }
+    } catch (nstd::cOutOfRangeException const&) {
+        showDamage(mReader.currentPos(), "The item is longer than what is left for it!");
+    } catch (nstd::cOutOfBoundsException const&) {
+        showDamage(mReader.currentPos(), "The item is longer than any stream!");
     } catch (nstd::cAbstractException const& error) {
         nucs::cString reason;
         error.createMessage(reason, ": ", nstd::cAbstractException::mfHistory, nullptr);
@@ -78,11 +84,8 @@ bool cStreamDump::leaveContext()
     maContexts.back().release();
     maContexts.pop_back();
 
-    unsigned int const end = mReader.currentPos();
     if (isCut)
         showDamage(contentEnd, "The context claims more bytes than there are!");
-    else if (contentEnd > end)
-        showDamage(end, "The context ends inside an item!");
     return !mbDamaged;
 }
 

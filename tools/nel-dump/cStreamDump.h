@@ -9,8 +9,8 @@
 /// Shows a binary stream as an indented tree, a line an item: offset, type name, value.
 ///
 /// The stream may hold anything. The output is linear in its size, and nesting costs some memory a level but
-/// no stack. What is damaged is shown up to the damage: an item that cannot be read or reaches beyond its
-/// context, a context that claims more bytes than there are or too few for its header.
+/// no stack. What is damaged is shown up to the damage: an item that cannot be read or is longer than what is
+/// left in its context, a context that claims more bytes than there are or too few for its header.
 class cStreamDump {
 public:
     enum Result : unsigned int {
