@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "nel_core/io/cIOExceptions.h"
 #include "nel_core/pi/cFDAIOData.h"
 #include "nel_core/pi/cWorkQueue.h"
 #include "nel_core/std/cOSErrorException.h"
@@ -32,21 +33,31 @@ constexpr unsigned int kFaultInterval = 20;     // milliseconds
 
 } // namespace
 
-cLineMeter::cLineMeter(int fd, bool isFailing)
-    : miFd(fd),
-      miFlags(::fcntl(fd, F_GETFL)),
-      maBuffer(kBufferSize)
+cLineMeter::cLineMeter(int fd, bool isFailing) : cLineMeter(isFailing)
 {
+    miFd = fd;
+    miFlags = ::fcntl(fd, F_GETFL);
     if (miFlags != -1)
         ::fcntl(fd, F_SETFL, miFlags | O_NONBLOCK);
 
-    mInput.setName("input");
     mInput.sigAction.connect(nrmi::slot(this, &cLineMeter::sltReadable));
     mInput.sigActionError().connect(nrmi::slot(this, &cLineMeter::sltInputError));
     auto* const descriptors = new npi::cFDAIOData;
     nstd::tAutoPtr<npi::cAbstractAIOData> data(descriptors);
     descriptors->addFd(fd, npi::tFdInfo::evReadable);
     mInput.setAIOData(data);
+}
+
+cLineMeter::cLineMeter(nstd::tArray<char const*> const& files, bool isFailing) : cLineMeter(isFailing)
+{
+    maFiles = files;
+    mInput.sigAction.connect(nrmi::slot(this, &cLineMeter::sltFiles));
+    mInput.start(0, npi::cWork::Periodic);
+}
+
+cLineMeter::cLineMeter(bool isFailing) : maBuffer(kBufferSize)
+{
+    mInput.setName("input");
     npi::schedule(mInput);
 
     mProgress.setName("progress");
@@ -80,6 +91,20 @@ piVoid cLineMeter::sltReadable()
     return piVoid();
 }
 
+// The queue stops a work that fails several times in a row, and files may do so.
+piVoid cLineMeter::sltFiles()
+{
+    try {
+        if (readFile())
+            return piVoid();
+    } catch (nstd::cAbstractException const& error) {
+        reportLine("linemeter: ", error);
+        mbFailed = true;
+    }
+    endFile();
+    return piVoid();
+}
+
 piVoid cLineMeter::sltProgress()
 {
     if (mCounter.bytes() != miReported)
@@ -105,6 +130,31 @@ piVoid cLineMeter::sltFaultyError(nstd::cAbstractException const& error, bool)
 {
     report("the action-error handler has taken: ", error);
     return piVoid();
+}
+
+// Counts one piece; false at the end of the file.
+bool cLineMeter::readFile()
+{
+    if (!mpFile)
+        mpFile.reset(new nio::cFile(maFiles[miNextFile], nio::omRead, nio::cmMustExist, nio::wmOverwrite),
+                     nstd::tAutoPtrType::ptObject);
+    try {
+        auto const count = static_cast<unsigned int>(mpFile->read(maBuffer.data(), maBuffer.length()));
+        mCounter.add(maBuffer.data(), count);
+        return count != 0;
+    } catch (nstd::cOSErrorException const& cause) {
+        nio::cIOExceptions::throwUnableReadFile(cause, mpFile->name());
+    }
+}
+
+void cLineMeter::endFile()
+{
+    mpFile.reset(nullptr, nstd::tAutoPtrType::ptObject);
+    mCounter.finish();
+    if (++miNextFile < maFiles.length())
+        return;
+    mbInputEnded = true;
+    mInput.stop();
 }
 
 void cLineMeter::endInput()

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr char kUsage[] = "usage: linemeter [--fail] [--status] < input\n"
-                          "Counts the lines, bytes and code points of standard input.\n"
+constexpr char kUsage[] = "usage: linemeter [--fail] [--status] [FILE...]\n"
+                          "Counts the lines, bytes and code points of the files, or of standard input.\n"
                           "  --fail    let a handler fail until the queue stops its work\n"
                           "  --status  show the state of the work queue and the graph of works at the end\n"
                           "  --help    show this text\n";
@@ -21,6 +21,7 @@ struct cOptions {
     bool fail = false;
     bool status = false;
     bool help = false;
+    nstd::tArray<char const*> files;
 };
 
 bool parse(int argc, char** argv, cOptions& options)
@@ -32,8 +33,10 @@ bool parse(int argc, char** argv, cOptions& options)
             options.status = true;
         else if (std::strcmp(argv[i], "--help") == 0)
             options.help = true;
-        else
+        else if (argv[i][0] == '-')
             return false;
+        else
+            options.files.append(argv[i]);
     }
     return true;
 }
@@ -51,9 +54,8 @@ void showStatus()
 }
 
 // The main loop. What no handler has taken ends one cycle and not the program.
-bool run(cOptions const& options)
+bool run(cLineMeter&& meter, cOptions const& options)
 {
-    cLineMeter meter(STDIN_FILENO, options.fail);
     while (!meter.isDone()) {
         try {
             npi::cSystem::exec();
@@ -71,7 +73,8 @@ bool runSafely(cOptions const& options)
 {
     try {
         npi::system();
-        bool const isGood = run(options);
+        bool const isGood = options.files.empty() ? run(cLineMeter(STDIN_FILENO, options.fail), options)
+                                                  : run(cLineMeter(options.files, options.fail), options);
         npi::cSystem::cleanup();
         return isGood;
     } catch (nstd::cAbstractException const& error) {

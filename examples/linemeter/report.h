@@ -4,3 +4,5 @@
 
 /// Writes an exception with everything that led to it to standard error, a line each.
 void report(char const* introduction, nstd::cAbstractException const& error);
+/// The same in a single line.
+void reportLine(char const* introduction, nstd::cAbstractException const& error);

@@ -4,9 +4,12 @@
 #include <cstring>
 #include <unistd.h>
 
+#include "nel_core/io/cProxyFs.h"
 #include "nel_core/pi/cPosixProcessEvents.h"
 #include "nel_core/pi/cSystem.h"
+#include "nel_core/pi/platform/dependend/native_linux/cLinuxFsImpl.h"
 #include "nel_core/pi/platform/dependend/native_linux/cLinuxMutexImpl.h"
+#include "nel_core/pi/platform/dependend/native_linux/cLinuxPlatformInfo.h"
 #include "nel_core/pi/platform/dependend/native_linux/cLinuxThreadImpl.h"
 #include "nel_core/std/tConstArrayRef.h"
 
@@ -100,6 +103,18 @@ nstd::tAutoPtr<cAbstractMutexImpl> cPlatform::createMutexImpl()
 nstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents()
 {
     return nstd::tAutoPtr<cAbstractProcessEvents>(new cPosixProcessEvents);
+}
+
+nstd::tAutoPtr<cAbstractPlatformInfo> cPlatform::createPlatformInfo()
+{
+    return nstd::tAutoPtr<cAbstractPlatformInfo>(new cLinuxPlatformInfo);
+}
+
+nstd::tAutoPtr<nio::cAbstractFsImpl> cPlatform::createFsImpl(nio::cFs& fs)
+{
+    nstd::tAutoPtr<nio::cAbstractFsImpl> root(new nio::cProxyFs(fs));
+    root->bind(nstd::tAutoPtr<nio::cAbstractFsImpl>(new cLinuxFsImpl(fs)));
+    return root;
 }
 
 } // namespace npi

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/io/fwd.h"
 #include "nel_core/pi/fwd.h"
 #include "nel_core/std/cAsciiString.h"
 #include "nel_core/std/cBuildInfo.h"
@@ -51,6 +52,11 @@ public:
     [[nodiscard]] static nstd::tAutoPtr<cAbstractMutexImpl> createMutexImpl();
     /// An event processor that waits on descriptors.
     [[nodiscard]] static nstd::tAutoPtr<cAbstractProcessEvents> createProcessEvents();
+    /// How this platform names its files.
+    [[nodiscard]] static nstd::tAutoPtr<cAbstractPlatformInfo> createPlatformInfo();
+    /// The root of a file system, a nio::cProxyFs with the native file system bound into it. `fs` has its
+    /// codec already.
+    [[nodiscard]] static nstd::tAutoPtr<nio::cAbstractFsImpl> createFsImpl(nio::cFs& fs);
 
 private:
     nstd::cBuildInfo moBuildInfo;

@@ -65,6 +65,11 @@ SystemState systemState() noexcept
     return geState;
 }
 
+nucs::cLILocale* systemLocale() noexcept
+{
+    return systemDebugOutput() ? &gpImpl->locale : nullptr;
+}
+
 cSystem& system()
 {
     if (gpFacade)
@@ -88,6 +93,8 @@ cSystem::cDefaults::cDefaults(nstd::cNumberConversionFormat& format, nucs::cAbst
 
 cSystem::cSystem(cSystemImpl& impl)
     : defaults(impl.numberFormat, impl.enDec),
+      fs(impl.fs),
+      locale(impl.locale),
       workQueue(impl.workQueue),
       debug(impl.debug),
       caches(impl.caches)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/io/fwd.h"
 #include "nel_core/pi/cDebugStdErr.h"
 #include "nel_core/pi/cGlobalCaches.h"
 #include "nel_core/pi/cWorkQueue.h"
@@ -44,6 +45,8 @@ public:
     static void cleanup();
 
     cDefaults defaults;
+    nio::cFs& fs;            ///< used wherever none is given
+    nucs::cLILocale& locale; ///< translates the messages that are written to an output
     cWorkQueue& workQueue;
     cDebugStdErr& debug; ///< shared between threads: lock its mutex() for each entry
     cGlobalCaches& caches;

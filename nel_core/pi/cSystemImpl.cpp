@@ -24,7 +24,7 @@ void setSystemDebugOutput(cDebugStdErr* out) noexcept
     gpDebugOutput = out;
 }
 
-cSystemImpl::cSystemImpl() : numberFormat(10)
+cSystemImpl::cSystemImpl() : numberFormat(10), fs(enDec)
 {
     workQueue.setEvents(cPlatform::createProcessEvents());
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "nel_core/io/cFs.h"
 #include "nel_core/pi/cDebugStdErr.h"
 #include "nel_core/pi/cGlobalCaches.h"
 #include "nel_core/pi/cWorkQueue.h"
 #include "nel_core/std/cNumberConversionFormat.h"
 #include "nel_core/ucs/cEnDecUTF8.h"
+#include "nel_core/ucs/cLILocale.h"
 
 namespace npi {
 
@@ -24,6 +26,8 @@ public:
 
     nstd::cNumberConversionFormat numberFormat;
     nucs::cEnDecUTF8 enDec;
+    nio::cFs fs;
+    nucs::cLILocale locale{nullptr};
     cWorkQueue workQueue;
     cDebugStdErr debug;
     cGlobalCaches caches;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/pi/fwd.h"
+#include "nel_core/ucs/fwd.h"
 
 namespace npi {
 
@@ -18,5 +19,9 @@ SystemState systemState() noexcept;
 /// The system's debug output while entries can go there: from the end of the building until it is destroyed,
 /// null at other times.
 cDebugStdErr* systemDebugOutput() noexcept;
+
+/// The system's locale while it can be asked, which is as long as entries can go to its debug output; null at
+/// other times.
+nucs::cLILocale* systemLocale() noexcept;
 
 } // namespace npi

@@ -22,6 +22,12 @@ class cFDAIOData;
 struct tFdInfo;
 class cAbstractMutexImpl;
 class cAbstractRunnableImpl;
+class cAbstractPlatformInfo;
+class cLinuxPlatformInfo;
+class cLinuxFsImpl;
+class cLinuxFileInfoImpl;
+class cLinuxDirImpl;
+class cLinuxFileImpl;
 class cPIExceptions;
 class cUnsupportedPlatformException;
 

@@ -48,6 +48,10 @@ public:
     virtual nstd::tArrayRef<char, nstd::tArrayByteLevelTraits<char>> data() = 0;
     /// Exchanges the bytes written with those of `array`.
     virtual void swapData(nstd::tArray<char, nstd::tArrayByteLevelTraits<char>>& array) = 0;
+    /// Writes data() to a file of the system's file system, which is created or truncated. When that fails
+    /// there is no file: the exceptions of data(), of cIOExceptions and of the operating system are passed
+    /// on.
+    virtual void storeToFile(nucs::cString const& path);
 
     /// Whether those who may write labels should leave them out; false at first. The reader is told the same.
     bool noLabelsPreferred() const noexcept { return mbNoLabelsPreferred; }

@@ -1,5 +1,6 @@
 #include "nel_core/std/cAbstractException.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/std/piAssert.h"
 #include "nel_core/std/raise.h"
+#include "nel_core/ucs/cLILocale.h"
 #include "nel_core/ucs/cLIMessage.h"
 #include "nel_core/ucs/cString.h"
 
@@ -246,13 +248,13 @@ cAbstractException const* cAbstractException::has(cAsciiString const& name) cons
 }
 
 void cAbstractException::createMessage(nucs::cString& out, nucs::cString const& separator, unsigned int flags,
-                                       nucs::cLILocale const*) const
+                                       nucs::cLILocale const* locale) const
 {
     nucs::cString text;
     nucs::cString indentation;
     unsigned int repeatable = nucs::cLIMessage::kRepeatedMax;
     auto const growStep = text.growStep();
-    appendMessage(text, repeatable);
+    appendMessage(text, locale, repeatable);
     for (auto const* cause = flags & mfHistory ? mpHistory : nullptr; cause; cause = cause->mpHistory) {
         text += separator;
         if (flags & mfIndent) {
@@ -262,7 +264,7 @@ void cAbstractException::createMessage(nucs::cString& out, nucs::cString const& 
                 repeatable -= indentation.length();
             }
         }
-        cause->appendMessage(text, repeatable);
+        cause->appendMessage(text, locale, repeatable);
         adaptGrowth(text);
     }
     text.setGrowStep(growStep);
@@ -270,10 +272,10 @@ void cAbstractException::createMessage(nucs::cString& out, nucs::cString const& 
 }
 
 void cAbstractException::createMessage(cAbstractException const& exception, nucs::cString& out, unsigned int,
-                                       nucs::cLILocale const*)
+                                       nucs::cLILocale const* locale)
 {
     unsigned int repeatable = nucs::cLIMessage::kRepeatedMax;
-    exception.appendMessage(out, repeatable);
+    exception.appendMessage(out, locale, repeatable);
 }
 
 // Not by recursion through the destructors: a chain may be longer than the stack is deep.
@@ -328,7 +330,9 @@ bool cAbstractException::isInChain(cAbstractException const& exception) const
     return member != nullptr;
 }
 
-void cAbstractException::appendMessage(nucs::cString& out, unsigned int& repeatable) const
+// Translated texts, too, may take what is repeatable; when it is used up, the untranslated ones follow.
+void cAbstractException::appendMessage(nucs::cString& out, nucs::cLILocale const* locale,
+                                       unsigned int& repeatable) const
 {
     auto const* const message = liMessage();
     if (!message) {
@@ -336,7 +340,12 @@ void cAbstractException::appendMessage(nucs::cString& out, unsigned int& repeata
         return;
     }
     nucs::cString text;
-    message->untranslated(text, repeatable);
+    if (locale && repeatable != 0) {
+        locale->translate(*message, text, nullptr);
+        repeatable -= std::min(repeatable, text.length());
+    } else {
+        message->untranslated(text, repeatable);
+    }
     out += text;
 }
 

@@ -121,7 +121,7 @@ private:
     void copyOwnFields(cAbstractException const& other) noexcept;
     cAbstractException& last();
     bool isInChain(cAbstractException const& exception) const;
-    void appendMessage(nucs::cString& out, unsigned int& repeatable) const;
+    void appendMessage(nucs::cString& out, nucs::cLILocale const* locale, unsigned int& repeatable) const;
     void dumpLine() const;
 
     char msSourceFile[64] = {};

@@ -54,6 +54,10 @@ template<typename T>
 class tPtrList;
 template<typename T>
 class tStack;
+template<typename T>
+class tConstListRefNode;
+template<typename T>
+class tConstListRef;
 template<unsigned int BucketCount>
 struct tArrayHashTraits;
 template<typename K, typename V, typename Traits = tArrayHashTraits<1024>>

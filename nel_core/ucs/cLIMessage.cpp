@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "nel_core/pi/cAbstractOut.h"
+#include "nel_core/pi/cSystemState.h"
 #include "nel_core/sa/saOperators.h"
 #include "nel_core/std/cAsciiString.h"
 #include "nel_core/std/cNumberConversion.h"
@@ -13,6 +14,7 @@
 #include "nel_core/std/tBounds.h"
 #include "nel_core/std/tList.h"
 #include "nel_core/ucs/cLIItem.h"
+#include "nel_core/ucs/cLILocale.h"
 #include "nel_core/ucs/cString.h"
 
 namespace nucs {
@@ -546,7 +548,10 @@ nsa::cAbstractDeserializer& cLIMessage::operator<<(nsa::cAbstractDeserializer& d
 npi::cAbstractOut& operator<<(npi::cAbstractOut& out, cLIMessage const& message)
 {
     cString text;
-    message.untranslated(text);
+    if (auto const* const locale = npi::systemLocale())
+        locale->translate(message, text, nullptr);
+    else
+        message.untranslated(text);
     return out << text;
 }
 

@@ -90,7 +90,7 @@ private:
     cImpl* mpImpl; ///< owned; null while the message is empty
 };
 
-/// Writes the message's text.
+/// Writes the message as the system's locale translates it, or its own text where there is no system.
 NEL_EXPORT npi::cAbstractOut& operator<<(npi::cAbstractOut& out, cLIMessage const& message);
 
 } // namespace nucs

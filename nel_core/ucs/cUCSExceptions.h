@@ -8,7 +8,7 @@
 /// source position, links a copy of the cause and throws it.
 class NEL_EXPORT cUCSExceptions {
 public:
-    /// `line` counts from 1.
+    /// `line` counts from 0.
     [[noreturn]] static void throwUnableToParseTranslationFile(nstd::cAbstractException const& cause,
                                                                nucs::cString const& file, unsigned int line);
     /// The file cannot be read at all.

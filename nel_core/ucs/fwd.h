@@ -11,5 +11,8 @@ class cEnDecUTF8;
 class cEnDecUTF16;
 class cLIMessage;
 class cLILocale;
+class cLITrItem;
+class cLITrTable;
+class cLITranslationLoader;
 
 } // namespace nucs
