@@ -13,6 +13,7 @@
 #include "nel_core/std/cBugException.h"
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/ucs/cLIMessage.h"
+#include "nel_core/ucs/cLITrTable.h"
 #include "nel_core/ucs/cString.h"
 
 namespace {
@@ -24,18 +25,22 @@ class cSeedWriter {
 public:
     explicit cSeedWriter(std::filesystem::path directory) : mDirectory(std::move(directory)) { }
 
-    // One file for each of the targets, with `prefix` in front of the bytes.
+    // One file for each of the targets.
+    void write(std::initializer_list<char const*> targets, char const* name, std::string const& bytes)
+    {
+        for (char const* const target : targets) {
+            std::filesystem::create_directories(mDirectory / target);
+            std::FILE* const file = std::fopen((mDirectory / target / name).c_str(), "wb");
+            bool const isWritten = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+            mbFailed |= !isWritten || std::fclose(file) != 0;
+        }
+    }
+    // The same with `prefix` in front of what has been serialized, which is dropped then.
     void write(std::initializer_list<char const*> targets, char const* name, cSerializeBinary& serializer,
                std::string const& prefix = "")
     {
         auto const& bytes = serializer.ownData();
-        for (char const* const target : targets) {
-            std::filesystem::create_directories(mDirectory / target);
-            std::FILE* const file = std::fopen((mDirectory / target / name).c_str(), "wb");
-            bool const isWritten = file && std::fwrite(prefix.data(), 1, prefix.size(), file) == prefix.size()
-                                   && std::fwrite(bytes.begin(), 1, bytes.length(), file) == bytes.length();
-            mbFailed |= !isWritten || std::fclose(file) != 0;
-        }
+        write(targets, name, prefix + std::string(bytes.begin(), bytes.end()));
         serializer.clear();
     }
     bool hasFailed() const { return mbFailed; }
@@ -104,5 +109,20 @@ int main(int count, char** arguments)
     signal.exportSignal(object, "changed", {}, "it has changed");
     *object.findPublicSignal("changed") >> s;
     seeds.write({"interfaceFuzz"}, "signal", s, "\x01");
+
+    seeds.write({"translationFuzz"}, "plain",
+                "// comment\r\n\"a %x%\" = \"b \\\"\\\\ %x%\"; \"\xC3\xBC\"=\"\xC3\xBC\"\n");
+    seeds.write({"translationFuzz"}, "locale",
+                "Name = \"n\"\nFlag = fromFile(\"f\")\n\"k\" = \"v\"\ninclude \"f\"");
+    nucs::cLITrTable table;
+    table.addTranslation("abc", "1");
+    table.addTranslation("xyz", "2");
+    table >> s;
+    seeds.write({"translationFuzz", "streamDumpFuzz"}, "table", s);
+
+    std::string const zero(1, '\0');
+    seeds.write({"pathFuzz"}, "relative", "d:\\a\\..\\b\\" + zero + "c/../../d//./e.f");
+    seeds.write({"pathFuzz"}, "absolute", "/a/b/c" + zero + "/a/../b/./d/..");
+    seeds.write({"pathFuzz"}, "above", "../../x/.." + zero + "./../y/");
     return seeds.hasFailed() ? 1 : 0;
 }
