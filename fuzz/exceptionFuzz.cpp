@@ -1,5 +1,6 @@
 #include "fuzz/fuzzInput.h"
 
+#include "nel_core/ncs/cRMIException.h"
 #include "nel_core/sa/cSerializeBinary.h"
 #include "nel_core/std/cAbstractExceptionFactory.h"
 #include "nel_core/std/cAsciiString.h"
@@ -20,6 +21,8 @@ public:
             made.reset(new nstd::cBugException, nstd::tAutoPtrType::ptObject);
         else if (typeName == "cRuntimeException")
             made.reset(new nstd::cRuntimeException, nstd::tAutoPtrType::ptObject);
+        else if (typeName == "cRMIException")
+            made.reset(new ncs::cRMIException, nstd::tAutoPtrType::ptObject);
         return made;
     }
 };

@@ -4,6 +4,9 @@
 #include <filesystem>
 #include <string>
 
+#include "nel_core/ncs/cComponentLocation.h"
+#include "nel_core/ncs/cInterfaceDesc.h"
+#include "nel_core/ncs/cModuleInfo.h"
 #include "nel_core/rmi/cPublicSignal.h"
 #include "nel_core/rmi/localSignal.h"
 #include "nel_core/rmi/publicSlotCall.h"
@@ -84,6 +87,24 @@ struct cPublished : nrmi::cConnectable {
     int sltAdd(int a, nucs::cString const& text) { return a + static_cast<int>(text.length()); }
 };
 
+void writeAddresses(cSeedWriter& seeds)
+{
+    seeds.write({"addressFuzz"}, "address", std::string(1, '\0') + "1:7:9");
+    seeds.write({"addressFuzz"}, "locationText", "\x01" + std::string("1:7-4711@alpha:x"));
+
+    cSerializeBinary s;
+    ncs::cComponentLocation const location("1:7-4711@alpha:x");
+    location >> s;
+    seeds.write({"addressFuzz"}, "location", s, "\x03");
+    ncs::cModuleInfo() >> s;
+    seeds.write({"addressFuzz"}, "module", s, "\x04");
+    ncs::cInterfaceDesc(ncs::cInterfaceDesc::itProvided, "name", "author", 3, "description") >> s;
+    seeds.write({"addressFuzz"}, "interface", s, "\x05");
+    s.setPreferNoLabels(false);
+    location >> s;
+    seeds.write({"addressFuzz"}, "labelledLocation", s, "\x02");
+}
+
 } // namespace
 
 int main(int count, char** arguments)
@@ -124,5 +145,6 @@ int main(int count, char** arguments)
     seeds.write({"pathFuzz"}, "relative", "d:\\a\\..\\b\\" + zero + "c/../../d//./e.f");
     seeds.write({"pathFuzz"}, "absolute", "/a/b/c" + zero + "/a/../b/./d/..");
     seeds.write({"pathFuzz"}, "above", "../../x/.." + zero + "./../y/");
+    writeAddresses(seeds);
     return seeds.hasFailed() ? 1 : 0;
 }

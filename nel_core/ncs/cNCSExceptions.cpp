@@ -20,6 +20,16 @@ void cNCSExceptions::throwNoSuchModule(nstd::cAsciiString const& name)
     throw ncs::cNoSuchModuleException(name);
 }
 
+void cNCSExceptions::throwNoSuchModule(ncs::cComponentLocation const& location)
+{
+    throw ncs::cNoSuchModuleException(location);
+}
+
+void cNCSExceptions::throwNoSuchModule(ncs::cComponentAddr const& address)
+{
+    throw ncs::cNoSuchModuleException(address);
+}
+
 void cNCSExceptions::throwInterfaceLoadError(nstd::cAsciiString const& name)
 {
     raiseRuntime(makeMessage("$MTR$Unable to deserialize interface description of \"%name%\"!", name));

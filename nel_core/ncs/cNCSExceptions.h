@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/ncs/fwd.h"
 #include "nel_core/rmi/fwd.h"
 #include "nel_core/std/fwd.h"
 #include "nel_core/ucs/fwd.h"
@@ -11,8 +12,10 @@ class NEL_EXPORT cNCSExceptions {
 public:
     /// Raises ncs::cNoPublicInterfaceException: `object` belongs to no interface of any component.
     [[noreturn]] static void throwNoPublicInterface(nrmi::cConnectable const& object);
-    /// Raises ncs::cNoSuchModuleException.
+    /// Raise ncs::cNoSuchModuleException.
     [[noreturn]] static void throwNoSuchModule(nstd::cAsciiString const& name);
+    [[noreturn]] static void throwNoSuchModule(ncs::cComponentLocation const& location);
+    [[noreturn]] static void throwNoSuchModule(ncs::cComponentAddr const& address);
     /// Raises nstd::cRuntimeException.
     [[noreturn]] static void throwInterfaceLoadError(nstd::cAsciiString const& name);
     /// Raises nstd::cRuntimeException.

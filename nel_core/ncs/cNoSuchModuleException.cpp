@@ -1,12 +1,25 @@
 #include "nel_core/ncs/cNoSuchModuleException.h"
 
+#include "nel_core/ncs/cComponentLocation.h"
 #include "nel_core/std/raise.h"
 
 namespace ncs {
 
-cNoSuchModuleException::cNoSuchModuleException(nstd::cAsciiString const& address)
-    : tExceptionLeaf(nstd::makeMessage("$MTR$Module (%addr%) not found!", address))
+cNoSuchModuleException::cNoSuchModuleException(nstd::cAsciiString const& text)
+    : tExceptionLeaf(nstd::makeMessage("$MTR$Module (%addr%) not found!", text))
 {
+}
+
+cNoSuchModuleException::cNoSuchModuleException(cComponentAddr const& address)
+    : cNoSuchModuleException(address.toString())
+{
+    mAddress = address;
+}
+
+cNoSuchModuleException::cNoSuchModuleException(cComponentLocation const& location)
+    : cNoSuchModuleException(location.toString())
+{
+    mAddress = location.address();
 }
 
 cNoSuchModuleException::~cNoSuchModuleException() = default;
@@ -15,6 +28,12 @@ cNoSuchModuleException& cNoSuchModuleException::operator=(cNoSuchModuleException
 {
     swap(other);
     return *this;
+}
+
+void cNoSuchModuleException::swap(cNoSuchModuleException& other) noexcept
+{
+    cBugException::swap(other);
+    mAddress.swap(other.mAddress);
 }
 
 } // namespace ncs

@@ -7,6 +7,7 @@
 #include "nel_core/io/cProxyFs.h"
 #include "nel_core/pi/cPosixProcessEvents.h"
 #include "nel_core/pi/cSystem.h"
+#include "nel_core/pi/platform/dependend/native_linux/cLinuxClassLoader.h"
 #include "nel_core/pi/platform/dependend/native_linux/cLinuxFsImpl.h"
 #include "nel_core/pi/platform/dependend/native_linux/cLinuxMutexImpl.h"
 #include "nel_core/pi/platform/dependend/native_linux/cLinuxPlatformInfo.h"
@@ -98,6 +99,11 @@ nstd::tAutoPtr<cAbstractRunnableImpl> cPlatform::createThread(void (*function)(v
 nstd::tAutoPtr<cAbstractMutexImpl> cPlatform::createMutexImpl()
 {
     return nstd::tAutoPtr<cAbstractMutexImpl>(new cLinuxMutexImpl);
+}
+
+nstd::tAutoPtr<cAbstractClassLoader> cPlatform::createClassLoader(nucs::cString const& fileName)
+{
+    return nstd::tAutoPtr<cAbstractClassLoader>(new cLinuxClassLoader(fileName));
 }
 
 nstd::tAutoPtr<cAbstractProcessEvents> cPlatform::createProcessEvents()

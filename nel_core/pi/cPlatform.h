@@ -50,6 +50,9 @@ public:
                                                                             void* argument);
     /// A free recursive mutex.
     [[nodiscard]] static nstd::tAutoPtr<cAbstractMutexImpl> createMutexImpl();
+    /// A loader that has loaded the shared object of that file name. Raises ncs::cModuleLoadException.
+    [[nodiscard]] static nstd::tAutoPtr<cAbstractClassLoader>
+    createClassLoader(nucs::cString const& fileName);
     /// An event processor that waits on descriptors.
     [[nodiscard]] static nstd::tAutoPtr<cAbstractProcessEvents> createProcessEvents();
     /// How this platform names its files.

@@ -94,6 +94,7 @@ cSystem::cDefaults::cDefaults(nstd::cNumberConversionFormat& format, nucs::cAbst
 cSystem::cSystem(cSystemImpl& impl)
     : defaults(impl.numberFormat, impl.enDec),
       fs(impl.fs),
+      coreExtensions(impl.coreExtensions),
       locale(impl.locale),
       workQueue(impl.workQueue),
       debug(impl.debug),
@@ -130,9 +131,10 @@ void cSystem::cleanup()
 {
     if (geState != SystemState::alive)
         return;
-    if (giExecDepth > 0 || gpImpl->workQueue.level() > 0)
+    if (giExecDepth > 0 || gpImpl->workQueue.level() > 0 || gpImpl->coreExtensions.isBusy())
         cSTDExceptions::throwUnsupportedOperation("cSystem::cleanup()");
     geState = SystemState::teardown;
+    gpImpl->coreExtensions.close(); // first: what extensions take down needs everything else
     gpImpl->caches.clear();
     destroy();
     geState = SystemState::none;

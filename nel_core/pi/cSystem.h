@@ -2,6 +2,7 @@
 
 #include "nel_core/export.h"
 #include "nel_core/io/fwd.h"
+#include "nel_core/nce/fwd.h"
 #include "nel_core/pi/cDebugStdErr.h"
 #include "nel_core/pi/cGlobalCaches.h"
 #include "nel_core/pi/cWorkQueue.h"
@@ -39,14 +40,16 @@ public:
     static cAbstractNELApp* app();
     /// Stores the application object, which stays the caller's. Does nothing when there is no system.
     static void setApp(cAbstractNELApp* app);
-    /// Tears the system down; the next npi::system() builds a new one. Does nothing when there is no system
-    /// or it is going away already. Raises an unsupported operation, and changes nothing, inside exec() and
-    /// inside a work of the queue.
+    /// Tears the system down, the core extensions before anything else; the next npi::system() builds a new
+    /// one. Does nothing when there is no system or it is going away already. Raises an unsupported
+    /// operation, and changes nothing, inside exec(), inside a work of the queue and while core extensions
+    /// are loaded or cleared.
     static void cleanup();
 
     cDefaults defaults;
-    nio::cFs& fs;            ///< used wherever none is given
-    nucs::cLILocale& locale; ///< translates the messages that are written to an output
+    nio::cFs& fs;                           ///< used wherever none is given
+    nce::cCoreExtensionMgr& coreExtensions; ///< empty at first; an application adds what it needs
+    nucs::cLILocale& locale;                ///< translates the messages that are written to an output
     cWorkQueue& workQueue;
     cDebugStdErr& debug; ///< shared between threads: lock its mutex() for each entry
     cGlobalCaches& caches;

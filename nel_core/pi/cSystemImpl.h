@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/io/cFs.h"
+#include "nel_core/nce/cCoreExtensionMgr.h"
 #include "nel_core/pi/cDebugStdErr.h"
 #include "nel_core/pi/cGlobalCaches.h"
 #include "nel_core/pi/cWorkQueue.h"
@@ -27,6 +28,7 @@ public:
     nstd::cNumberConversionFormat numberFormat;
     nucs::cEnDecUTF8 enDec;
     nio::cFs fs;
+    nce::cCoreExtensionMgr coreExtensions;
     nucs::cLILocale locale{nullptr};
     cWorkQueue workQueue;
     cDebugStdErr debug;

@@ -24,6 +24,8 @@ class cAbstractMutexImpl;
 class cAbstractRunnableImpl;
 class cAbstractPlatformInfo;
 class cLinuxPlatformInfo;
+class cAbstractClassLoader;
+class cLinuxClassLoader;
 class cLinuxFsImpl;
 class cLinuxFileInfoImpl;
 class cLinuxDirImpl;

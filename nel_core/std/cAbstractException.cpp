@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "nel_core/ncs/cComponentLocation.h"
 #include "nel_core/pi/breakPoint.h"
 #include "nel_core/pi/cDebugEntry.h"
 #include "nel_core/pi/cPlatform.h"
@@ -95,6 +96,7 @@ cAbstractException::cAbstractException(char const* kindWord, Type type, char con
 cAbstractException::cAbstractException(cAbstractException const& other)
 {
     copyOwnFields(other);
+    mpRemoteLocation = other.copyRemoteLocation(mbOutOfMemory);
     mpHistory = other.getHistory(mbOutOfMemory);
 }
 
@@ -102,11 +104,13 @@ cAbstractException::cAbstractException(cAbstractException&& other) noexcept
 {
     copyOwnFields(other);
     mpHistory = std::exchange(other.mpHistory, nullptr);
+    mpRemoteLocation = std::exchange(other.mpRemoteLocation, nullptr);
 }
 
 cAbstractException::~cAbstractException()
 {
     deleteChain(mpHistory);
+    delete mpRemoteLocation;
 }
 
 cAbstractException& cAbstractException::operator=(cAbstractException const& other)
@@ -115,8 +119,10 @@ cAbstractException& cAbstractException::operator=(cAbstractException const& othe
         return *this;
     bool outOfMemory = other.mbOutOfMemory;
     auto* const history = other.getHistory(outOfMemory);
+    auto* const location = other.copyRemoteLocation(outOfMemory);
     copyOwnFields(other);
     mbOutOfMemory = outOfMemory;
+    delete std::exchange(mpRemoteLocation, location);
     deleteChain(std::exchange(mpHistory, history)); // last: `other` may be a part of it
     return *this;
 }
@@ -129,6 +135,7 @@ void cAbstractException::swap(cAbstractException& other) noexcept
     std::swap(meType, other.meType);
     std::swap(mpHistory, other.mpHistory);
     std::swap(mbOutOfMemory, other.mbOutOfMemory);
+    std::swap(mpRemoteLocation, other.mpRemoteLocation);
     std::swap(maBacktrace, other.maBacktrace);
 }
 
@@ -138,6 +145,17 @@ nucs::cLIMessage const* cAbstractException::liMessage() const
 }
 
 void cAbstractException::dialog() const { }
+
+bool cAbstractException::isRemote() const
+{
+    return mpRemoteLocation != nullptr;
+}
+
+ncs::cComponentLocation const& cAbstractException::remoteLocation() const
+{
+    NEL_ASSERT(mpRemoteLocation != 0);
+    return *mpRemoteLocation;
+}
 
 void cAbstractException::dump() const
 {
@@ -197,6 +215,12 @@ cAbstractException* cAbstractException::getHistory(bool& outOfMemory) const
         lost = &copy->mbOutOfMemory;
     }
     return first;
+}
+
+void cAbstractException::setRemoteInfo(ncs::cComponentLocation const& location)
+{
+    auto* const copy = new ncs::cComponentLocation(location);
+    delete std::exchange(mpRemoteLocation, copy);
 }
 
 void cAbstractException::storeRecursive(nsa::cAbstractSerializer& serializer) const
@@ -302,6 +326,16 @@ cAbstractException* cAbstractException::copyAlone(cAbstractException const& sour
     }
     tpCopiedAlone = outer;
     return copy;
+}
+
+ncs::cComponentLocation* cAbstractException::copyRemoteLocation(bool& outOfMemory) const
+{
+    try {
+        return mpRemoteLocation ? new ncs::cComponentLocation(*mpRemoteLocation) : nullptr;
+    } catch (std::bad_alloc const&) {
+        outOfMemory = true;
+        return nullptr;
+    }
 }
 
 void cAbstractException::copyOwnFields(cAbstractException const& other) noexcept

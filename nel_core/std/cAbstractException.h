@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/export.h"
+#include "nel_core/ncs/fwd.h"
 #include "nel_core/sa/fwd.h"
 #include "nel_core/std/fwd.h"
 #include "nel_core/std/piTypes.h"
@@ -42,6 +43,10 @@ public:
     virtual nucs::cLIMessage const* liMessage() const;
     /// A place for applications that show their failures in a dialog; does nothing here.
     virtual void dialog() const;
+    /// Whether the exception comes from another component, see setRemoteInfo().
+    virtual bool isRemote() const;
+    /// Where it comes from; the assertion "mpRemoteLocation != 0" fails for one that is not remote.
+    virtual ncs::cComponentLocation const& remoteLocation() const;
     /// Writes one line for each exception of the chain, kind and text, to the debug output.
     virtual void dump() const;
     /// Writes this exception alone: its type name (ASCII string), its kind (`unsigned int`) and the
@@ -50,7 +55,8 @@ public:
     /// Reads what store() writes, without the type name: that has gone into the choice of the class. Any kind
     /// but tyBug is tyRuntime. A failed load keeps what it has loaded so far.
     virtual void load(nsa::cAbstractDeserializer& deserializer);
-    /// Whether this very exception lost its history because there was no memory to copy it.
+    /// Whether this very exception lost its history or the place it comes from because there was no memory to
+    /// copy it.
     virtual bool outOfMemoryCondition() const;
 
     /// Appends `exception` and its chain as the oldest causes and takes ownership. Null, this exception, a
@@ -64,6 +70,10 @@ public:
     /// copy that breaks off further down has the condition set in its last exception. Raises nothing. While
     /// a chain is copied, a member's createObject() finds its own history missing here: it is copied next.
     [[nodiscard]] cAbstractException* getHistory(bool& outOfMemory) const;
+
+    /// Replaces the place that the exception comes from; neither stored nor shown in messages. Raises
+    /// std::bad_alloc.
+    void setRemoteInfo(ncs::cComponentLocation const& location);
 
     /// Writes the whole chain: before each exception the bool true, at the end the bool false. Leaves an
     /// entry in the debug output.
@@ -118,6 +128,7 @@ private:
 
     static void deleteChain(cAbstractException* first);
     static cAbstractException* copyAlone(cAbstractException const& source, bool& outOfMemory) noexcept;
+    ncs::cComponentLocation* copyRemoteLocation(bool& outOfMemory) const;
     void copyOwnFields(cAbstractException const& other) noexcept;
     cAbstractException& last();
     bool isInChain(cAbstractException const& exception) const;
@@ -130,6 +141,7 @@ private:
     Type meType;
     cAbstractException* mpHistory = nullptr;
     bool mbOutOfMemory = false;
+    ncs::cComponentLocation* mpRemoteLocation = nullptr; ///< owned; null for a local exception
     piAddress maBacktrace[kTraceSize] = {};
 };
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "nel_core/export.h"
 #include "nel_core/std/fwd.h"
 #include "nel_core/ucs/cLIMessage.h"
 
-/// The common work of the throw functions.
+/// The common work of the throw functions. Modules, which let only exceptions of the library out, raise a
+/// message of their own with it: nstd::raiseRuntime(nstd::makeMessage("$MTR$No gauge %n%!", n)).
 namespace nstd {
 
 /// A message with its values, bound in their order.
@@ -23,14 +25,15 @@ constexpr char const* orUnknown(char const* text)
 }
 
 /// Raises a cBugException without a source position.
-[[noreturn]] void raiseBug(nucs::cLIMessage message);
+[[noreturn]] NEL_EXPORT void raiseBug(nucs::cLIMessage message);
 /// Raises a cRuntimeException without a source position.
-[[noreturn]] void raiseRuntime(nucs::cLIMessage message);
+[[noreturn]] NEL_EXPORT void raiseRuntime(nucs::cLIMessage message);
 /// The same with a copy of `cause` linked.
-[[noreturn]] void raiseRuntime(nucs::cLIMessage message, cAbstractException const& cause);
+[[noreturn]] NEL_EXPORT void raiseRuntime(nucs::cLIMessage message, cAbstractException const& cause);
 
 /// Writes the calling thread's stack trace as one entry of the debug output. A trace that cannot be made or
-/// written is left out, and so is one that is asked for while another is written.
+/// written is left out, and so is one that is asked for while another is written. Internal to the
+/// library.
 void writeStackTrace(char const* tag, unsigned int line) noexcept;
 
 } // namespace nstd

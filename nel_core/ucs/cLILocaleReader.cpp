@@ -1,13 +1,13 @@
 #include "nel_core/ucs/cLILocaleReader.h"
 
 #include "nel_core/io/cPath.h"
+#include "nel_core/io/readFile.h"
 #include "nel_core/std/cAbstractException.h"
 #include "nel_core/std/raise.h"
 #include "nel_core/ucs/cEnDecUTF8.h"
 #include "nel_core/ucs/cLILocale.h"
 #include "nel_core/ucs/cLITrReader.h"
 #include "nel_core/ucs/cUCSExceptions.h"
-#include "nel_core/ucs/readTranslationFile.h"
 
 namespace nucs {
 namespace {
@@ -156,7 +156,7 @@ cString cLILocaleReader::readStringFromFile(cFile& file)
 
     countFile();
     nstd::tArray<char> bytes;
-    readTranslationFile(name, bytes);
+    nio::readWholeFile(name, bytes);
     cString text;
     if (!bytes.empty())
         cEnDecUTF8().decode(bytes, text);

@@ -1,7 +1,7 @@
 #include "nel_core/ucs/cLITrReader.h"
 
+#include "nel_core/io/readFile.h"
 #include "nel_core/ucs/cEnDecUTF8.h"
-#include "nel_core/ucs/readTranslationFile.h"
 
 namespace nucs {
 
@@ -36,7 +36,7 @@ void cLITrReader::addKeys(Format format)
 
 void cLITrReader::load(cString const& path)
 {
-    readTranslationFile(path, maBytes);
+    nio::readWholeFile(path, maBytes);
     moTokenizer.set(maBytes);
 }
 

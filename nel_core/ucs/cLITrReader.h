@@ -36,7 +36,7 @@ public:
     cLITrReader& operator=(cLITrReader const&) = delete;
 
     /// Reads a file to its end and closes it; its first token is the next one. Raises what
-    /// readTranslationFile() raises.
+    /// nio::readWholeFile() raises.
     void load(cString const& path);
 
     /// The next token of a statement; false at the end, with `token` set to tkText.

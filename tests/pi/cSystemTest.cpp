@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "nel_core/io/cFs.h"
+#include "nel_core/nce/cCoreExtensionMgr.h"
+#include "nel_core/nce/cGenericExtension.h"
 #include "nel_core/pi/cAbstractNELApp.h"
 #include "nel_core/pi/cAbstractProcessEvents.h"
 #include "nel_core/pi/cDebugEntry.h"
@@ -44,6 +47,50 @@ TEST_F(cSystemTest, theApplicationIsStoredOnlyInALivingSystem)
     EXPECT_EQ(refusalOf([] { (void)cSystem::app(); }), kNoApp);
 }
 
+char const* const kNoAdding = "The operation \"cCoreExtensionMgr::add()\" is not supported!";
+using tExtension = nstd::tAutoPtr<nce::cAbstractCoreExtension>;
+
+void addExtension()
+{
+    npi::system().coreExtensions.add(
+        tExtension(new nce::cGenericExtension("", nce::cGenericExtension::etEnDec)));
+}
+
+// Uses the system when it goes, and tries what is refused then.
+class cPartingExtension : public nce::cGenericExtension {
+public:
+    explicit cPartingExtension(bool teardown) : cGenericExtension("", etEnDec), mbTeardown(teardown)
+    {
+        npi::schedule(mWork);
+    }
+    ~cPartingExtension() override
+    {
+        npi::unschedule(mWork);
+        EXPECT_TRUE(npi::system().fs.exists("/"));
+        npi::cDebugEntry("tests/parting", 7) << (mbTeardown ? "down" : "cleared");
+        EXPECT_EQ(refusalOf(mbTeardown ? &addExtension : &cSystem::cleanup),
+                  mbTeardown ? kNoAdding : "The operation \"cSystem::cleanup()\" is not supported!");
+        (mbTeardown ? &cSystem::cleanup : &addExtension)();
+    }
+
+private:
+    npi::cWork mWork;
+    bool mbTeardown;
+};
+
+TEST_F(cSystemTest, extensionsGoWhileEverythingElseIsThere)
+{
+    auto& extensions = npi::system().coreExtensions;
+    testing::internal::CaptureStderr();
+    extensions.add(tExtension(new cPartingExtension(false)));
+    extensions.clear();
+    extensions.add(tExtension(new cPartingExtension(true)));
+    cSystem::cleanup();
+    std::string const diagnostics = testing::internal::GetCapturedStderr();
+    auto const cleared = diagnostics.find("parting:7: cleared\r\n");
+    EXPECT_NE(diagnostics.find("parting:7: down\r\n", cleared), std::string::npos) << diagnostics;
+}
+
 // Notes what it finds in a handler and when it is destroyed.
 class cObserver : public nrmi::cConnectable {
 public:
@@ -56,6 +103,7 @@ public:
     {
         EXPECT_EQ(&npi::system(), system);
         exec = refusalOf(&cSystem::exec);
+        EXPECT_EQ(refusalOf(&addExtension), kNoAdding);
         EXPECT_NE(cSystem::app(), nullptr);
         cSystem::cleanup();
         npi::cDebugEntry("tests/teardown", 9) << "number " << 42;

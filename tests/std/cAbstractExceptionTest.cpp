@@ -5,10 +5,12 @@
 #include <csignal>
 #include <cstdlib>
 #include <new>
+#include <optional>
 #include <pthread.h>
 #include <string>
 #include <vector>
 
+#include "nel_core/ncs/cComponentLocation.h"
 #include "nel_core/pi/cAbstractOut.h"
 #include "nel_core/pi/cSystem.h"
 #include "nel_core/std/cBugException.h"
@@ -19,6 +21,7 @@
 #include "tests/support/cDebugRecorder.h"
 #include "tests/support/cFailingMemory.h"
 #include "tests/support/cSystemFixture.h"
+#include "tests/support/expectRefusal.h"
 #include "tests/support/raisedBy.h"
 #include "tests/support/storedForm.h"
 #include "tests/support/tNamedExceptions.h"
@@ -234,6 +237,60 @@ TEST_F(cAbstractExceptionTest, aCopyHasTheHistoryUpToAFailure)
         EXPECT_EQ(copy.outOfMemoryCondition(), row.own);
         EXPECT_EQ(copy.hasOutOfMemoryCondition(), row.any);
     }
+}
+
+TEST_F(cAbstractExceptionTest, copiesMovesAndChainsKeepThePlaceTheyComeFrom)
+{
+    auto const placeOf = [](cAbstractException const& e) {
+        return e.isRemote() ? ntest::text(e.remoteLocation().toString()) : "here";
+    };
+    cRuntimeException error(message("A"));
+    error.setRemoteInfo(ncs::cComponentLocation("9:9-9@z"));
+    error.setRemoteInfo(ncs::cComponentLocation("1:7-1@a"));
+    error.setRemoteInfo(error.remoteLocation());
+    error.link(new cBareException);
+    error.history()->setRemoteInfo(ncs::cComponentLocation("1:8-2@b"));
+    error.link(new cBareException);
+
+    cRuntimeException copy(error);
+    EXPECT_EQ(placeOf(copy), "1:7-1@a");
+    EXPECT_EQ(placeOf(*copy.history()), "1:8-2@b");
+    ntest::expectAssertion([&] { copy.history()->history()->remoteLocation(); }, "mpRemoteLocation != 0",
+                           "nel_core/std/cAbstractException");
+    cRuntimeException const moved(std::move(error));
+    EXPECT_EQ(placeOf(moved) + placeOf(error), "1:7-1@ahere");
+    copy = cRuntimeException();
+    EXPECT_EQ(placeOf(copy), "here");
+
+    cBareException bare;
+    bare = static_cast<cBareException const&>(*moved.history());
+    EXPECT_EQ(placeOf(bare), "1:8-2@b");
+    bare = cBareException();
+    EXPECT_EQ(placeOf(bare), "here");
+}
+
+TEST_F(cAbstractExceptionTest, withoutMemoryACopyIsLocalAndSaysSo)
+{
+    if (!ntest::cFailingMemory::isAvailable())
+        GTEST_SKIP();
+    cBareException original;
+    original.setRemoteInfo(ncs::cComponentLocation("1:7-1@a"));
+    cBareException assigned;
+    std::optional<cBareException> copy;
+    auto const before = ntest::cFailingMemory::inUse();
+    unsigned int local = 0;
+    auto const check = [&] {
+        ASSERT_TRUE(copy.has_value()) << "the failure has escaped";
+        for (auto const* e : {&*copy, &assigned}) {
+            EXPECT_NE(e->isRemote(), e->outOfMemoryCondition());
+            local += !e->isRemote();
+        }
+        copy.reset();
+        assigned = cBareException();
+        EXPECT_EQ(ntest::cFailingMemory::inUse(), before);
+    };
+    ntest::failEachRequest([&] { copy.emplace(original), assigned = original; }, check);
+    EXPECT_GE(local, 2u);
 }
 
 // Makes, copies and destroys a chain of 2^13 exceptions.

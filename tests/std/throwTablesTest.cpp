@@ -9,7 +9,9 @@
 #include "nel_core/io/cIOExceptions.h"
 #include "nel_core/nce/cUnsupportedExtensionException.h"
 #include "nel_core/nce/net++/cNETExceptions.h"
+#include "nel_core/ncs/cModuleLoadException.h"
 #include "nel_core/ncs/cNCSExceptions.h"
+#include "nel_core/ncs/cRMIException.h"
 #include "nel_core/ncs/cUnmatchedInterfaceException.h"
 #include "nel_core/pi/cPIExceptions.h"
 #include "nel_core/rmi/cConnectable.h"
@@ -50,6 +52,10 @@ struct cThrowRow {
     char const* typeName;
     char const* text; ///< with the causes, separated by "; "
 };
+
+using ncs::cComponentAddr;
+using ncs::cComponentLocation;
+using ncs::cRMIException;
 
 constexpr auto kBug = "cBugException";
 constexpr auto kRuntime = "cRuntimeException";
@@ -95,6 +101,10 @@ cThrowRow const kRows[] = {
     {[] { cNCSExceptions::throwNoPublicInterface(cConnectable()); }, "cNoPublicInterfaceException",
      "No public interface!"},
     {[] { cNCSExceptions::throwNoSuchModule("m"); }, "cNoSuchModuleException", "Module (m) not found!"},
+    {[] { cNCSExceptions::throwNoSuchModule(cComponentAddr(1, 7)); }, "cNoSuchModuleException",
+     "Module (1:7) not found!"},
+    {[] { cNCSExceptions::throwNoSuchModule(cComponentLocation("1:7-4711@alpha")); },
+     "cNoSuchModuleException", "Module (1:7-4711@alpha) not found!"},
     {[] { cNCSExceptions::throwInterfaceLoadError("i"); }, kRuntime,
      "Unable to deserialize interface description of \"i\"!"},
     {[] { cNCSExceptions::throwComponentIdNotUnique(4000000000); }, kRuntime,
@@ -102,6 +112,19 @@ cThrowRow const kRows[] = {
     {[] { cNCSExceptions::throwNoSuchInterface("i", nullptr); }, kRuntime, "No such interface (\"i\")!"},
     {[] { cNCSExceptions::throwNoCoreExtension("m"); }, kRuntime,
      "Module (\"m\") does not provide core extension functionality."},
+    {[] { throw cRMIException(4000000000, cRMIException::opCallSlot, "s"); }, "cRMIException",
+     "Unable to call slot \"s\" on interface key 4000000000!"},
+    {[] { throw cRMIException(4, cRMIException::opConnectSignal, "s"); }, "cRMIException",
+     "Unable to connect signal \"s\" to interface key 4!"},
+    {[] { throw cRMIException(cComponentLocation(), 3, cRMIException::opCallSlot, "s"); }, "cRMIException",
+     "Unable to call slot \"s\" on interface 3!"},
+    {[] { throw cRMIException(cComponentLocation(), 3, cRMIException::opConnectSignal, "s"); },
+     "cRMIException", "Unable to connect signal \"s\" to interface 3!"},
+    {[] { throw cRMIException(4, static_cast<cRMIException::Operation>(2), "s"); }, "cRMIException", ""},
+    {[] {
+         throw ncs::cModuleLoadException(ncs::cModuleLoadException::kpNotLoaded, "f", *cause().liMessage());
+     },
+     "cModuleLoadException", "Cause"},
     {[] { throw ncs::cUnmatchedInterfaceException(); }, "cUnmatchedInterfaceException",
      "Unmatched interface!"},
     {[] { throw nce::cUnsupportedExtensionException("Encoder / Decoder", "X", true); },

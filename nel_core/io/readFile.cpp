@@ -1,4 +1,4 @@
-#include "nel_core/ucs/readTranslationFile.h"
+#include "nel_core/io/readFile.h"
 
 #include "nel_core/io/cFile.h"
 #include "nel_core/io/cFileInfo.h"
@@ -9,23 +9,23 @@
 #include "nel_core/std/raise.h"
 #include "nel_core/std/tArray.h"
 
-namespace nucs {
+namespace nio {
 namespace {
 
 constexpr unsigned int kPieceSize = 256 * 1024;
 constexpr unsigned int kGrowStep = 18; // a piece
 
 // Opening a pipe would wait for its other end.
-void requireRegular(cString const& path, nio::cFs const& fs)
+void requireRegular(nucs::cString const& path, cFs const& fs)
 {
-    nio::cFileInfo const info(path, fs);
-    if (info.exists() && info.type() != nio::cFileInfoFlags::ftFile)
-        nio::cIOExceptions::throwUnableOpenFile(
+    cFileInfo const info(path, fs);
+    if (info.exists() && info.type() != cFileInfoFlags::ftFile)
+        cIOExceptions::throwUnableOpenFile(
             nstd::cRuntimeException(nstd::makeMessage("$MTR$Item \"%en%\" is not a regular file!", path)),
             path);
 }
 
-bool appendPiece(nio::cFile& file, nstd::tArray<char>& bytes)
+bool appendPiece(cFile& file, nstd::tArray<char>& bytes)
 {
     auto const used = bytes.appendElements(kPieceSize);
     auto const count = static_cast<unsigned int>(file.read(bytes.begin() + used, kPieceSize));
@@ -35,7 +35,7 @@ bool appendPiece(nio::cFile& file, nstd::tArray<char>& bytes)
 
 } // namespace
 
-void readTranslationFile(cString const& path, nstd::tArray<char>& bytes)
+void readWholeFile(nucs::cString const& path, nstd::tArray<char>& bytes)
 {
     auto& fs = npi::system().fs;
     requireRegular(path, fs);
@@ -48,4 +48,4 @@ void readTranslationFile(cString const& path, nstd::tArray<char>& bytes)
     bytes.swap(read);
 }
 
-} // namespace nucs
+} // namespace nio

@@ -1,0 +1,6 @@
+#include "nel_core/ncs/cAbstractPlugIn.h"
+#include "nel_core/ncs/moduleEntry.h"
+
+NEL_MODULE_PLUGIN(ncs::cAbstractPlugIn)
+
+void moduleVersion(unsigned int&, unsigned int&) { }
