@@ -1,10 +1,14 @@
 #include "nel_core/pi/cAbstractAIOData.h"
 
+#include "nel_core/pi/workChanges.h"
 #include "nel_core/std/raise.h"
 
 namespace npi {
 
-cAbstractAIOData::~cAbstractAIOData() = default;
+cAbstractAIOData::~cAbstractAIOData()
+{
+    noteWorkChange();
+}
 
 cFDAIOData* cAbstractAIOData::isFDAIOData()
 {

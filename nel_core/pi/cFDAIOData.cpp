@@ -1,5 +1,7 @@
 #include "nel_core/pi/cFDAIOData.h"
 
+#include "nel_core/pi/workChanges.h"
+
 namespace npi {
 
 cFDAIOData::cFDAIOData() = default;
@@ -14,6 +16,7 @@ cFDAIOData* cFDAIOData::isFDAIOData()
 void cFDAIOData::addFd(int fd, unsigned int events)
 {
     maFds.append(tFdInfo(fd, events));
+    noteWorkChange();
 }
 
 } // namespace npi

@@ -20,12 +20,21 @@ public:
 
     /// Appends a descriptor; `events` joins values of tFdInfo::Events.
     void addFd(int fd, unsigned int events);
-    /// The descriptors, in the order in which they came.
-    nstd::tVector<tFdInfo>& fds() { return maFds; }
+    /// The descriptors, in the order in which they came. To ask for them as something to be changed costs:
+    /// from then on every wait looks at all works anew.
+    nstd::tVector<tFdInfo>& fds()
+    {
+        mbExposed = true;
+        return maFds;
+    }
     nstd::tVector<tFdInfo> const& fds() const { return maFds; }
+
+    /// Whether somebody may change them without being noticed.
+    bool isExposed() const { return mbExposed; }
 
 private:
     nstd::tVector<tFdInfo> maFds;
+    bool mbExposed = false;
 };
 
 } // namespace npi

@@ -8,10 +8,10 @@
 
 #include "nel_core/pi/cFDAIOData.h"
 #include "nel_core/pi/cWork.h"
+#include "nel_core/pi/workChanges.h"
 #include "nel_core/std/tArray.h"
 #include "nel_core/std/tList.h"
 #include "nel_core/std/tSharedObject.h"
-#include "nel_core/std/tSharedObjectWatch.h"
 #include "nel_core/std/tVector.h"
 
 namespace npi {
@@ -35,11 +35,6 @@ constexpr short pollEventsOf(unsigned int events)
 static_assert(pollEventsOf(1) == 0xc3 && pollEventsOf(2) == 0x304 && pollEventsOf(4) == 0x18,
               "the bits of poll() on this platform");
 
-constexpr bool isSmallerFd(pollfd const& a, pollfd const& b)
-{
-    return a.fd < b.fd;
-}
-
 void sleepFor(unsigned int ms)
 {
     timeval time;
@@ -48,96 +43,147 @@ void sleepFor(unsigned int ms)
     ::select(0, nullptr, nullptr, nullptr, &time);
 }
 
-// The descriptors of one wait. Each stands once in the table of poll(), which is sorted, however many works
-// wait for it: the kernel refuses a table that is longer than the number of descriptors allowed.
-class cDescriptorWait {
+// Empties an array and keeps its pool, unless the last content used little of it.
+template<typename T>
+void reuse(nstd::tArray<T>& array)
+{
+    bool const isTooLarge = array._poolSize() / 4 > array.length() + 1024;
+    array.truncate(0);
+    if (isTooLarge)
+        array.optimizeMemory();
+}
+
+} // namespace
+
+// The descriptors that the works of a queue wait for. Each stands once in the table of poll(), however many
+// works wait for it: the kernel refuses a table that is longer than the number of descriptors allowed. The
+// table serves one wait after the other as long as no work changes.
+class cPosixProcessEvents::cDescriptorTable {
 public:
-    explicit cDescriptorWait(cJobs& jobs)
+    cDescriptorTable()
     {
-        for (nstd::tSharedObject<cWork> const& job : jobs) {
-            cWork* const work = job.get();
-            if (work && work->isStarted() && work->type() == cWork::AsynchronousIO)
-                add(job, work->aioData().fdAIOData().fds());
+        configure(maTable);
+        configure(maLast);
+        configure(maRequests);
+        configure(maPlaces);
+    }
+
+    // Looks at all works, if need be. Raises a bug for data that names no descriptors.
+    void collect(cJobs const& jobs)
+    {
+        if (mpJobs == &jobs && miKnown == workChanges())
+            return;
+        forget();
+        miKnown = workChanges(); // before: a derived class may change works while it is asked
+        bool isExposed = false;
+        for (auto at = jobs.begin(); at != jobs.end(); ++at) {
+            if (at.node()->isFlagged()) // idle, says the queue
+                continue;
+            cWork* const work = at->get();
+            if (!work || !work->isStarted() || work->type() != cWork::AsynchronousIO)
+                continue;
+            cFDAIOData& data = work->aioData().fdAIOData();
+            isExposed = isExposed || data.isExposed();
+            for (tFdInfo const& info : static_cast<cFDAIOData const&>(data).fds())
+                add(info.fd, pollEventsOf(info.events), data);
         }
-        joinEqual();
+        mpJobs = isExposed ? nullptr : &jobs;
     }
 
     bool empty() const { return maTable.length() == 0; }
 
-    // The number of ready descriptors, 0 for a time-out or an interruption.
-    int wait(unsigned int timeout)
+    // Marks what is ready within the time; nothing when works changed while they were asked: the next wait is
+    // told the same.
+    void wait(unsigned int timeout)
     {
         int const clamped = static_cast<int>(std::min<unsigned int>(timeout, INT_MAX));
         int const ready = ::poll(maTable.data(), maTable.length(), clamped);
         if (ready < 0 && errno != EINTR)
             sleepFor(std::min(timeout, kBackOff));
-        return std::max(ready, 0);
-    }
-
-    void markReady() const
-    {
-        for (cRequest const& request : maRequests) {
-            if (!(reported(request.fd) & (request.events | POLLERR | POLLHUP | POLLNVAL)))
-                continue;
-            nstd::tSharedObject<cWork> const work = maWorks[request.work].lock();
-            if (cAbstractAIOData* const data = work ? work->hasAIOData() : nullptr)
-                data->setEvent(true);
-        }
+        if (ready > 0 && miKnown == workChanges())
+            markReady(ready);
     }
 
 private:
+    static constexpr unsigned int kNone = 0xFFFFFFFFu;
+    static constexpr unsigned int kGrowStep = 10;   // by 1024 entries
+    static constexpr int kIndexedEnd = 1024 * 1024; // a larger descriptor would take too much memory
+
+    // What one work waits for at one descriptor.
     struct cRequest {
-        int fd;
+        cFDAIOData* data;
+        unsigned int previous; ///< the request before for the same descriptor
         short events;
-        unsigned int work;
     };
 
-    void add(nstd::tSharedObject<cWork> const& job, nstd::tVector<tFdInfo> const& fds)
+    template<typename T>
+    static void configure(nstd::tArray<T>& array)
     {
-        unsigned int const work = maWorks.size();
-        maWorks.append(nstd::tSharedObjectWatch<cWork>(job));
-        for (tFdInfo const& info : fds) {
-            maRequests.append(cRequest{info.fd, pollEventsOf(info.events), work});
-            maTable.append(pollfd{info.fd, pollEventsOf(info.events), 0});
-        }
+        array.setGrowStep(kGrowStep);
+        array.setFitOnErase(false);
     }
 
-    void joinEqual()
+    void forget()
     {
-        std::sort(maTable.begin(), maTable.end(), isSmallerFd);
-        unsigned int count = 0;
+        mpJobs = nullptr;
         for (pollfd const& entry : maTable) {
-            if (count != 0 && maTable[count - 1].fd == entry.fd)
-                maTable[count - 1].events = static_cast<short>(maTable[count - 1].events | entry.events);
-            else
-                maTable[count++] = entry;
+            if (entry.fd >= 0 && entry.fd < kIndexedEnd)
+                maPlaces[static_cast<unsigned int>(entry.fd)] = kNone;
         }
-        maTable.truncate(count);
+        reuse(maTable);
+        reuse(maLast);
+        reuse(maRequests);
     }
 
-    int reported(int fd) const
+    void add(int fd, short events, cFDAIOData& data)
     {
-        return std::lower_bound(maTable.begin(), maTable.end(), pollfd{fd, 0, 0}, isSmallerFd)->revents;
+        unsigned int const place = placeOf(fd);
+        maTable[place].events = static_cast<short>(maTable[place].events | events);
+        maRequests.append(cRequest{&data, maLast[place], events});
+        maLast[place] = maRequests.length() - 1;
     }
 
+    unsigned int placeOf(int fd)
+    {
+        bool const isIndexed = fd >= 0 && fd < kIndexedEnd;
+        auto const index = static_cast<unsigned int>(fd);
+        if (isIndexed) {
+            while (maPlaces.length() <= index)
+                maPlaces.append(kNone);
+            if (maPlaces[index] != kNone)
+                return maPlaces[index];
+        }
+        unsigned int const place = maTable.length();
+        maLast.append(kNone);
+        maTable.append(pollfd{fd, 0, 0});
+        if (isIndexed)
+            maPlaces[index] = place;
+        return place;
+    }
+
+    void markReady(int ready) const
+    {
+        for (unsigned int place = 0; ready != 0 && place < maTable.length(); ++place) {
+            int const reported = maTable[place].revents;
+            if (reported == 0)
+                continue;
+            --ready;
+            for (unsigned int at = maLast[place]; at != kNone; at = maRequests[at].previous) {
+                if (reported & (maRequests[at].events | POLLERR | POLLHUP | POLLNVAL))
+                    maRequests[at].data->setEvent(true);
+            }
+        }
+    }
+
+    cJobs const* mpJobs = nullptr;  ///< whose works these are; null: to be collected anew
+    unsigned long long miKnown = 0; ///< the workChanges() for which they are
     nstd::tArray<pollfd> maTable;
-    nstd::tArray<cRequest> maRequests; ///< in the order of the works and their descriptors
-    nstd::tVector<nstd::tSharedObjectWatch<cWork>> maWorks;
+    nstd::tArray<unsigned int> maLast; ///< for each place of the table, its last request
+    nstd::tArray<cRequest> maRequests;
+    nstd::tArray<unsigned int> maPlaces; ///< for each descriptor, its place in the table
 };
 
-// Everything that the wait needs is gone before anybody is told of its end.
-void waitFor(cJobs& jobs, unsigned int timeout)
-{
-    cDescriptorWait descriptors(jobs);
-    if (descriptors.empty())
-        sleepFor(timeout);
-    else if (descriptors.wait(timeout) > 0)
-        descriptors.markReady();
-}
-
-} // namespace
-
-cPosixProcessEvents::cPosixProcessEvents() = default;
+cPosixProcessEvents::cPosixProcessEvents() : mpTable(new cDescriptorTable) { }
 
 cPosixProcessEvents::~cPosixProcessEvents() = default;
 
@@ -155,8 +201,12 @@ void cPosixProcessEvents::yield(unsigned int, cJobs& jobs, unsigned int timeout)
 {
     if (timeout == 0)
         return;
-    waitFor(jobs, timeout);
-    sigFinished();
+    mpTable->collect(jobs);
+    if (mpTable->empty())
+        sleepFor(timeout);
+    else
+        mpTable->wait(timeout);
+    sigFinished(); // last: the table may serve a wait inside
 }
 
 void cPosixProcessEvents::wakeUp() { }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nel_core/pi/cAbstractProcessEvents.h"
+#include "nel_core/std/tAutoPtr.h"
 
 namespace npi {
 
@@ -14,12 +15,17 @@ public:
     bool supportsAIO() const override;
     bool isAsynchronous() const override;
     /// Returns at once, without a signal, when `timeout` is 0. A time-out, an interrupted wait and a wait
-    /// that fails mark no work; a failing one takes at least some milliseconds. A descriptor in error, hung
-    /// up or closed counts as ready whatever the work waits for. Raises a bug for a started work whose data
-    /// names no descriptors.
+    /// that fails mark no work, nor does one while whose works are collected one dies; a failing one takes at
+    /// least some milliseconds. A descriptor in error, hung up or closed counts as ready whatever the work
+    /// waits for. Raises a bug for a started work whose data names no descriptors.
     void yield(unsigned int level, nstd::tList<nstd::tSharedObject<cWork>>& jobs,
                unsigned int timeout) override;
     void wakeUp() override;
+
+private:
+    class cDescriptorTable;
+
+    nstd::tAutoPtr<cDescriptorTable> mpTable;
 };
 
 } // namespace npi

@@ -3,6 +3,7 @@
 #include "nel_core/pi/cDebugEntry.h"
 #include "nel_core/pi/cSystem.h"
 #include "nel_core/pi/cWqDebug.h"
+#include "nel_core/pi/workChanges.h"
 #include "nel_core/pi/workTime.h"
 #include "nel_core/std/cRuntimeException.h"
 #include "nel_core/std/piAssert.h"
@@ -60,7 +61,7 @@ cWork::~cWork()
     mTreeNode.unlinkAndReparentChildren();
     mpSigActionError.reset(nullptr, nstd::tAutoPtrType::ptObject);
     mpAIOData.reset(nullptr, nstd::tAutoPtrType::ptObject);
-    mbStarted = false;
+    setStarted(false);
     tellOfDestruction();
 }
 
@@ -97,15 +98,16 @@ void cWork::start(unsigned int interval, Type type)
 
 void cWork::stop()
 {
-    mbStarted = false;
+    setStarted(false);
     sigChanged(this);
 }
 
 void cWork::setAIOData(nstd::tAutoPtr<cAbstractAIOData> data)
 {
     if (data || mpAIOData)
-        mbStarted = static_cast<bool>(data);
+        setStarted(static_cast<bool>(data));
     meType = AsynchronousIO;
+    noteWorkChange();
     mpAIOData = data;
     sigChanged(this);
 }
@@ -164,11 +166,19 @@ void cWork::internRestart(unsigned int interval, bool periodic, bool)
     planAndTell(interval);
 }
 
+void cWork::setStarted(bool isStarted)
+{
+    mbStarted = isStarted;
+    if (mPlace.queue)
+        mPlace.node->setFlag(!isStarted);
+    noteWorkChange();
+}
+
 void cWork::planAndTell(unsigned int interval)
 {
     mScheduledTime = nstd::cTime();
     mPlannedTime = mScheduledTime + static_cast<long long>(interval) * 1000;
-    mbStarted = true;
+    setStarted(true);
     sigChanged(this);
 }
 

@@ -57,7 +57,7 @@ public:
     /// Becomes idle and emits sigChanged.
     void stop();
     /// Becomes idle without a signal.
-    void markDone() { mbStarted = false; }
+    void markDone() { setStarted(false); }
     /// Makes this an asynchronous I/O work that waits for `data`, and starts it; null takes the data away,
     /// which stops it. The former data is deleted.
     void setAIOData(nstd::tAutoPtr<cAbstractAIOData> data);
@@ -143,6 +143,9 @@ private:
     };
 
     static constexpr unsigned int kFailureLimit = 2;
+
+    // The entry in the queue is flagged while the work is idle, so that passes need not look at the work.
+    void setStarted(bool isStarted);
 
     /// `isExplicit` tells an application's start, which resets the failures, from a queue's re-planning.
     void internRestart(bool isExplicit);

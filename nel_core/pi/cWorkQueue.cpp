@@ -5,6 +5,7 @@
 
 #include "nel_core/pi/cDebugEntry.h"
 #include "nel_core/pi/piStackTrace.h"
+#include "nel_core/pi/workChanges.h"
 #include "nel_core/pi/workTime.h"
 #include "nel_core/std/cAsciiStringStream.h"
 #include "nel_core/std/cDateTime.h"
@@ -16,6 +17,8 @@ namespace npi {
 namespace {
 
 constexpr unsigned int kTraceDepth = 128;
+constexpr unsigned int kActiveGrowStep = 10;       // by 1024 entries
+constexpr unsigned int kActiveSpare = 1024;        // entries of room that are kept
 constexpr unsigned int kIdleWait = 10000;          // milliseconds to wait for descriptors alone
 constexpr unsigned int kCyclesWithoutWait = 64;    // in a row, before descriptors get their turn
 constexpr unsigned long long kClockStep = 1000000; // microseconds back that count as a clock set anew
@@ -169,6 +172,7 @@ private:
 cWorkQueue::cWorkQueue()
 {
     maReplaced.setGuardMode(nstd::tPtrVector<cAbstractProcessEvents>::gmOwn);
+    maActive.setFitOnErase(false);
 }
 
 cWorkQueue::~cWorkQueue()
@@ -288,9 +292,7 @@ unsigned int cWorkQueue::internProcess(bool trigger)
     cPass pass(trigger, mpEvents->supportsAIO());
     {
         cCount const walk(miWalks);
-        tNode* const end = mJobs.end().node();
-        for (tNode* at = mJobs.begin().node(); at != end; at = at->next())
-            visit(*at, pass);
+        visitActive(pass);
     }
     if (miLevel == 1 && miWalks == 0)
         purge();
@@ -385,9 +387,13 @@ cWorkQueue::tNode& cWorkQueue::appendEntry(nstd::tSharedObject<cWork> const& han
     mJobs.append(handle);
     tNode* const entry = mJobs.last().node();
     cWork::cPlace& place = handle->mPlace;
+    if (place.queue)
+        place.node->setFlag(false); // nobody keeps several flags
     ++place.count;
     place.queue = place.count == 1 ? this : nullptr;
     place.node = entry;
+    entry->setFlag(place.queue && !handle->isStarted());
+    noteWorkChange();
     return *entry;
 }
 
@@ -421,6 +427,8 @@ void cWorkQueue::dropEntriesOf(cWork const& work, bool isDestroyed)
 void cWorkQueue::dropEntry(tNode& entry, bool isDestroyed)
 {
     mark(entry);
+    entry.setFlag(false);
+    noteWorkChange();
     nstd::tSharedObject<cWork>& handle = entry.linkedElement()->element();
     cWork* const work = handle.get();
     if (!work) {
@@ -479,10 +487,63 @@ void cWorkQueue::purge()
             if (isLeaving)
                 dropEntry(entry, false);
             at = entry.next();
-            if (isLeaving)
+            if (isLeaving) {
+                noteWorkChange();
                 mJobs.erase(&entry);
+            }
         }
     }
+}
+
+// Visits the entries that are not idle. Which these are is remembered until a work of the thread changes: a
+// turn of a queue in which thousands of works wait then touches no more memory than it must.
+void cWorkQueue::visitActive(cPass& pass)
+{
+    bool const isKnown = miActiveKnown == workChanges();
+    bool const isLasting = miChangesSeen == workChanges(); // what changes all the time is not worth it
+    if (!isKnown && !(isLasting && tryFindActive())) {
+        visitFrom(mJobs.begin().node(), pass);
+        miChangesSeen = workChanges();
+        return;
+    }
+    unsigned long long const known = miActiveKnown;
+    for (unsigned int next = 0; next < maActive.length(); ++next) {
+        tNode* const entry = maActive[next];
+        visit(*entry, pass);
+        if (workChanges() != known) {
+            visitFrom(entry->next(), pass); // nothing leaves the list meanwhile
+            return;
+        }
+    }
+}
+
+void cWorkQueue::visitFrom(tNode* entry, cPass& pass)
+{
+    for (tNode* const end = mJobs.end().node(); entry != end; entry = entry->next()) {
+        if (!entry->isFlagged())
+            visit(*entry, pass);
+    }
+}
+
+// False when there is no memory for that.
+bool cWorkQueue::tryFindActive() noexcept
+try {
+    maActive.truncate(0);
+    maActive.setGrowStep(kActiveGrowStep);
+    for (auto at = mJobs.begin(); at != mJobs.end(); ++at) {
+        if (at.node()->isFlagged())
+            continue;
+        if (maActive.length() >> maActive.growStep() > 4) // a million must not be moved a thousand times
+            maActive.setGrowStep(maActive.growStep() + 1);
+        maActive.append(at.node());
+    }
+    if (maActive._poolSize() / 4 > maActive.length() + kActiveSpare)
+        maActive.optimizeMemory();
+    miActiveKnown = workChanges();
+    return true;
+} catch (...) {
+    miActiveKnown = 0;
+    return false;
 }
 
 void cWorkQueue::visit(tNode& entry, cPass& pass)

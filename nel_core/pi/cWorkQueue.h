@@ -5,6 +5,7 @@
 #include "nel_core/pi/cWork.h"
 #include "nel_core/rmi/cConnectable.h"
 #include "nel_core/rmi/slotCall.h"
+#include "nel_core/std/tArray.h"
 #include "nel_core/std/tAutoPtr.h"
 #include "nel_core/std/tList.h"
 #include "nel_core/std/tPtrVector.h"
@@ -91,6 +92,9 @@ private:
     void mark(tNode& entry);
     void purge();
 
+    void visitActive(cPass& pass);
+    void visitFrom(tNode* entry, cPass& pass);
+    bool tryFindActive() noexcept;
     void visit(tNode& entry, cPass& pass);
     void visitTimed(tNode& entry, cPass& pass, long long waitMs);
     void visitIO(tNode& entry, cPass& pass);
@@ -111,6 +115,9 @@ private:
     unsigned int miTimed = 0;
     unsigned int miIO = 0;
 
+    nstd::tArray<tNode*> maActive;        ///< the entries that are not idle, in their order
+    unsigned long long miActiveKnown = 0; ///< the workChanges() for which they are; 0: not known
+    unsigned long long miChangesSeen = 0; ///< the workChanges() at the end of the last full look
     bool mbMarked = false;                ///< entries wait for the next purge
     unsigned int miWalks = 0;             ///< walks that a purge must not disturb
     bool mbDying = false;                 ///< no work is taken any more

@@ -27,6 +27,10 @@ public:
     tListNodeBaseType* next() const noexcept { return mpNext; }
     bool isEraseLater() const noexcept { return mbEraseLater; }
     void setEraseLater(bool mark) noexcept { mbEraseLater = mark; }
+    /// A flag for the owner of the list, which tells something of the element without a look at it; false at
+    /// first.
+    bool isFlagged() const noexcept { return mbFlagged; }
+    void setFlag(bool flag) noexcept { mbFlagged = flag; }
 
     /// Links this unlinked node before `where`, which is linked or a tail sentinel.
     void linkBefore(tListNodeBaseType& where) noexcept
@@ -55,6 +59,7 @@ private:
     tListNodeBaseType* mpPrevious = nullptr;
     tListNodeBaseType* mpNext = nullptr;
     bool mbEraseLater = false;
+    bool mbFlagged = false;
 };
 
 /// A node that holds an element of a tList.

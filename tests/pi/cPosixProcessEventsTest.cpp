@@ -165,6 +165,7 @@ TEST_F(cPosixProcessEventsTest, aWorkThatGoesBeforeTheResultIsSteppedOver)
     auto const second = add(data);
     wait(kAtOnce);
     EXPECT_FALSE(first);
+    wait(kAtOnce);
     EXPECT_TRUE(second->aioData().isEvent());
 }
 

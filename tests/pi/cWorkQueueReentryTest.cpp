@@ -2,6 +2,9 @@
 
 #include <functional>
 #include <memory>
+#include <random>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -177,6 +180,93 @@ TEST_F(cWorkQueueReentryTest, aProcessorThatIsReplacedInItsWaitOutlivesIt)
     queue->processEvents(true);
     EXPECT_EQ(log, "i");
     EXPECT_EQ(events->yields.size(), 1u);
+}
+
+// Works that wait for events, and what their handlers do, beside a model of what the queue must trigger.
+struct cEventWorks {
+    enum Act { acNothing, acStop, acStart, acRemove, acSetEvent, acPass, acCount };
+    struct cEntry {
+        nstd::tSharedObject<cWork> work;
+        Act act;
+        unsigned int target;
+        bool isListed, isStarted, hasEvent;
+    };
+
+    void add()
+    {
+        unsigned int const index = static_cast<unsigned int>(entries.size());
+        entries.push_back({test.queue->createJob(), static_cast<Act>(random() % acCount),
+                           static_cast<unsigned int>(random() % 8), true, true, false});
+        cWork& work = *entries.back().work;
+        work.setAIOData(test.descriptors());
+        test.on(work, [this, index] { act(index); });
+    }
+    void act(unsigned int index)
+    {
+        test.log += static_cast<char>('a' + index);
+        cEntry& target = entries[entries[index].target];
+        switch (entries[index].act) {
+        case acStop: target.work->stop(); break;
+        case acStart: target.work->start(); break;
+        case acRemove: test.queue->removeJob(*target.work); break;
+        case acSetEvent: target.work->aioData().setEvent(true); break;
+        case acPass: test.queue->processEvents(true); break;
+        default: break;
+        }
+    }
+    void expectPass()
+    {
+        for (unsigned int i = 0; i < entries.size(); ++i) {
+            cEntry& entry = entries[i];
+            if (!entry.isListed || !entry.isStarted || !entry.hasEvent)
+                continue;
+            entry.hasEvent = false;
+            expected += static_cast<char>('a' + i);
+            cEntry& target = entries[entry.target];
+            switch (entry.act) {
+            case acStop: target.isStarted = false; break;
+            case acStart: target.isStarted = true; break;
+            case acRemove: target.isListed = false; break;
+            case acSetEvent: target.hasEvent = true; break;
+            case acPass: expectPass(); break;
+            default: break;
+            }
+        }
+    }
+
+    void pass()
+    {
+        expectPass();
+        test.queue->processEvents(true);
+    }
+
+    ntest::cQueueFixture& test;
+    std::mt19937 random;
+    std::vector<cEntry> entries{};
+    std::string expected{};
+};
+
+TEST_F(cWorkQueueReentryTest, whatHandlersChangeCountsAtOnceAlsoAfterQuietPasses)
+{
+    for (unsigned int seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE(seed);
+        log.clear();
+        slots.clear();
+        queue->clear();
+        cEventWorks works{*this, std::mt19937(seed)};
+        for (unsigned int i = 0; i < 12; ++i)
+            works.add();
+        for (unsigned int round = 0; round < 4; ++round) {
+            for (unsigned int quiet = works.random() % 4; quiet != 0; --quiet)
+                works.pass();
+            for (auto& entry : works.entries) {
+                entry.hasEvent = entry.hasEvent || works.random() % 3 == 0;
+                entry.work->aioData().setEvent(entry.hasEvent);
+            }
+            works.pass();
+            EXPECT_EQ(log, works.expected);
+        }
+    }
 }
 
 } // namespace
