@@ -146,5 +146,9 @@ int main(int count, char** arguments)
     seeds.write({"pathFuzz"}, "absolute", "/a/b/c" + zero + "/a/../b/./d/..");
     seeds.write({"pathFuzz"}, "above", "../../x/.." + zero + "./../y/");
     writeAddresses(seeds);
+
+    seeds.write({"netAddressFuzz"}, "plain", "192.168.0.1");
+    seeds.write({"netAddressFuzz"}, "port", "10.0.0.255:65535");
+    seeds.write({"netAddressFuzz"}, "bad", "..256.-1.0x0.18446744073709551617::70000");
     return seeds.hasFailed() ? 1 : 0;
 }

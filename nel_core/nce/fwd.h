@@ -18,6 +18,12 @@ class cCoreExtensionMgr;
 
 class cNetAbstractAddress;
 class cNetAbstractIPAddress;
+class cNetAbstractIPv4Address;
+class cNetAbstractIPCapInfo;
+class cNetAbstractSocket;
+class cNetAbstractConnection;
+class cNetAbstractServer;
+class cNetAbstractClient;
 
 class cUnsupportedExtensionException;
 

@@ -6,7 +6,9 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/mman.h>
+#include <sys/socket.h>
 #include <sys/types.h>
 
 namespace {
@@ -139,6 +141,13 @@ NTEST_CALL(void*, ntestMap, "mmap64", cFailingCalls::clMap, MAP_FAILED,
            (void* address, std::size_t length, int access, int flags, int file, long long offset),
            (address, length, access, flags, file, offset))
 
+NTEST_CALL(int, ntestAccept, "accept4", cFailingCalls::clAccept, -1,
+           (int socket, ::sockaddr* name, ::socklen_t* size, int flags), (socket, name, size, flags))
+NTEST_CALL(int, ntestConnect, "connect", cFailingCalls::clConnect, -1,
+           (int socket, ::sockaddr const* name, ::socklen_t size), (socket, name, size))
+NTEST_CALL(int, ntestPoll, "poll", cFailingCalls::clPoll, -1,
+           (::pollfd * descriptors, ::nfds_t count, int timeout), (descriptors, count, timeout))
+
 NTEST_HOOK(int, ntestOpen, "open64", (char const* path, int flags, ...))
 {
     NTEST_NEXT(ntestOpen, "open64");
@@ -165,6 +174,20 @@ NTEST_HOOK(::ssize_t, ntestWrite, "write", (int file, void const* source, std::s
     NTEST_NEXT(ntestWrite, "write");
     int const code = failureOf(cFailingCalls::clWrite);
     return isError(code) ? -1 : next(file, source, transferred(code, count));
+}
+
+NTEST_HOOK(::ssize_t, ntestRecv, "recv", (int socket, void* target, std::size_t count, int flags))
+{
+    NTEST_NEXT(ntestRecv, "recv");
+    int const code = failureOf(cFailingCalls::clRecv);
+    return isError(code) ? -1 : next(socket, target, transferred(code, count), flags);
+}
+
+NTEST_HOOK(::ssize_t, ntestSend, "send", (int socket, void const* source, std::size_t count, int flags))
+{
+    NTEST_NEXT(ntestSend, "send");
+    int const code = failureOf(cFailingCalls::clSend);
+    return isError(code) ? -1 : next(socket, source, transferred(code, count), flags);
 }
 
 NTEST_HOOK(int, ntestClose, "close", (int file))

@@ -7,8 +7,8 @@
 
 namespace ntest {
 
-/// While it lives, counts the calls of its thread to the operating system's files, and lets one of them fail,
-/// or that one and all later ones. One at a time in a thread; do not make assertions meanwhile.
+/// While it lives, counts the calls of its thread to the operating system's files and sockets, and lets one
+/// of them fail, or that one and all later ones. One at a time in a thread; do not make assertions meanwhile.
 ///
 /// Stands before the C library's functions in the test program and in nel_core, with and without sanitizers.
 /// What the C library calls inside itself is not seen. A close that fails has closed the descriptor, as on
@@ -33,13 +33,19 @@ public:
         clReadDir,  ///< readdir()
         clSeek,     ///< lseek()
         clMap,      ///< mmap()
+        clAccept,   ///< accept4()
+        clConnect,  ///< connect()
+        clRecv,     ///< recv()
+        clSend,     ///< send()
+        clPoll,     ///< poll()
         clAny,      ///< each of these
     };
     enum Mode : unsigned int {
         moOnce = 0,   ///< only that call fails
         moAlways = 1, ///< that call and all after it fail
     };
-    /// In place of an error number: read() and write() move one byte only, readdir() tells no file type.
+    /// In place of an error number: read(), write(), recv() and send() move one byte only, readdir() tells no
+    /// file type.
     /// Other calls succeed.
     static constexpr int kShort = 0;
 
