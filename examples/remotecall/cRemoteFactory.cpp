@@ -4,7 +4,7 @@
 #include "nel_core/sa/cDeserializeBinary.h"
 #include "nel_core/std/cSTDExceptions.h"
 
-cRemoteFactory::cRemoteFactory(cPacketSocket& socket) : mSocket(socket) { }
+cRemoteFactory::cRemoteFactory(cAbstractPackets& socket) : mSocket(socket) { }
 
 cRemoteFactory::~cRemoteFactory() = default;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cPacketSocket.h"
+#include "cAbstractPackets.h"
 #include "nel_core/rmi/cAbstractRMIFactory.h"
 #include "nel_core/rmi/cConnectable.h"
 
@@ -8,7 +8,7 @@
 class cRemoteFactory : public nrmi::cAbstractRMIFactory {
 public:
     /// `socket` must outlive the factory and the slot calls that it makes.
-    explicit cRemoteFactory(cPacketSocket& socket);
+    explicit cRemoteFactory(cAbstractPackets& socket);
     ~cRemoteFactory() override;
 
     /// Receives the interface of the other side and publishes its slots on `object`.
@@ -20,5 +20,5 @@ public:
     nrmi::cAbstractSignal& createRemoteSignal(unsigned int index) override;
 
 private:
-    cPacketSocket& mSocket;
+    cAbstractPackets& mSocket;
 };

@@ -52,7 +52,7 @@ public:
 
 } // namespace
 
-cRemoteSlotCall::cRemoteSlotCall(nrmi::cConnectable& object, cPacketSocket& socket)
+cRemoteSlotCall::cRemoteSlotCall(nrmi::cConnectable& object, cAbstractPackets& socket)
     : cAbstractSlotCall(object, nullptr),
       mSocket(socket)
 {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "cPacketSocket.h"
+#include "cAbstractPackets.h"
 #include "nel_core/rmi/cAbstractSlotCall.h"
 
 /// Forwards the calls of a public slot to the slot of the same name on the other side, see cSlotServer.
 class cRemoteSlotCall : public nrmi::cAbstractSlotCall {
 public:
     /// A call for `object`; it and `socket` must outlive it.
-    cRemoteSlotCall(nrmi::cConnectable& object, cPacketSocket& socket);
+    cRemoteSlotCall(nrmi::cConnectable& object, cAbstractPackets& socket);
     ~cRemoteSlotCall() override;
 
     using nrmi::cAbstractSlotCall::call;
@@ -22,5 +22,5 @@ public:
     void call(nsa::cReferenceFrame& frame) const override;
 
 private:
-    cPacketSocket& mSocket;
+    cAbstractPackets& mSocket;
 };

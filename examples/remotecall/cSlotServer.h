@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cPacketSocket.h"
+#include "cAbstractPackets.h"
 #include "nel_core/rmi/fwd.h"
 #include "nel_core/sa/fwd.h"
 #include "nel_core/std/tArray.h"
@@ -13,7 +13,7 @@
 class cSlotServer {
 public:
     /// Both must outlive the server.
-    cSlotServer(nrmi::cConnectable& object, cPacketSocket& socket) : mObject(object), mSocket(socket) { }
+    cSlotServer(nrmi::cConnectable& object, cAbstractPackets& socket) : mObject(object), mSocket(socket) { }
 
     /// Sends the interface, then answers calls until the other side closes the connection.
     void run();
@@ -24,5 +24,5 @@ private:
     void call(nsa::cAbstractDeserializer& request, nsa::cAbstractSerializer& results);
 
     nrmi::cConnectable& mObject;
-    cPacketSocket& mSocket;
+    cAbstractPackets& mSocket;
 };

@@ -128,7 +128,7 @@ bool multiply(nrmi::cConnectable& calculator, cRemoteFactory& factory)
 
 } // namespace
 
-bool callRemoteSlots(cPacketSocket& socket)
+bool callRemoteSlots(cAbstractPackets& socket)
 {
     cRemoteFactory factory(socket);
     nrmi::cConnectable calculator;
