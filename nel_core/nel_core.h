@@ -150,6 +150,7 @@
 #include "nel_core/std/cConstCStringRef.h"
 #include "nel_core/std/cDate.h"
 #include "nel_core/std/cDateTime.h"
+#include "nel_core/std/cLife.h"
 #include "nel_core/std/cNumberConversion.h"
 #include "nel_core/std/cNumberConversionException.h"
 #include "nel_core/std/cNumberConversionFormat.h"

@@ -39,44 +39,6 @@ struct cTcpIpv4Server::cPending {
     cTcpIpv4Address peer;
 };
 
-// Tells code that emits whether the server still lives; on the stack, linked to those outside.
-class cTcpIpv4Server::cLife {
-public:
-    // The compiler cannot see that the destructor takes the address back wherever the server still lives.
-#if __GNUC__ >= 12
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdangling-pointer"
-#endif
-    explicit cLife(cTcpIpv4Server& server) : mpServer(&server), mpOuter(server.mpLives)
-    {
-        server.mpLives = this;
-    }
-#if __GNUC__ >= 12
-#pragma GCC diagnostic pop
-#endif
-    cLife(cLife const&) = delete;
-    cLife& operator=(cLife const&) = delete;
-    ~cLife()
-    {
-        if (mpServer)
-            mpServer->mpLives = mpOuter;
-    }
-
-    static void end(cTcpIpv4Server& server)
-    {
-        for (cLife* life = server.mpLives; life; life = life->mpOuter)
-            life->mpServer = nullptr;
-    }
-    explicit operator bool() const
-    {
-        return mpServer != nullptr;
-    }
-
-private:
-    cTcpIpv4Server* mpServer; ///< null once the server is gone
-    cLife* mpOuter;
-};
-
 cTcpIpv4Server::cTcpIpv4Server(cTcpIpv4Address const& local, npi::cWorkQueue* queue)
     : cAbstractTcpServer(queue),
       mGiven(local),
@@ -90,7 +52,7 @@ cTcpIpv4Server::cTcpIpv4Server(cTcpIpv4Address const& local, npi::cWorkQueue* qu
 
 cTcpIpv4Server::~cTcpIpv4Server()
 {
-    cLife::end(*this);
+    nstd::cLife::end(mpLives);
 }
 
 void cTcpIpv4Server::listen()
@@ -128,8 +90,8 @@ void cTcpIpv4Server::close()
     mBound = mGiven;
     miPending = 0;
     mPending.clear();
+    mAcceptable.setAIOData(nstd::tAutoPtr<npi::cAbstractAIOData>()); // first: what follows may raise
     mResume.stop();
-    mAcceptable.setAIOData(nstd::tAutoPtr<npi::cAbstractAIOData>());
 }
 
 bool cTcpIpv4Server::isListening() const
@@ -165,7 +127,7 @@ void cTcpIpv4Server::setMaxPending(unsigned int count)
 
 piVoid cTcpIpv4Server::sltAcceptable()
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     for (unsigned int i = 0; i < kAcceptsPerTurn && life && mListener; ++i) {
         cTcpIpv4Address peer;
         int code = 0;
@@ -216,7 +178,7 @@ void cTcpIpv4Server::admit(cDescriptor accepted, cTcpIpv4Address const& peer)
 {
     if (miPending >= miMaxPending)
         return;
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     bool isAccepted = true;
     sigConnectionRequest(peer, isAccepted);
     if (!isAccepted || !life || !mListener || miPending >= miMaxPending)

@@ -3,6 +3,7 @@
 #include "cDescriptor.h"
 #include "cTcpIpv4Address.h"
 #include "nel_core/pi/cWork.h"
+#include "nel_core/std/cLife.h"
 #include "nel_core/std/tPtrList.h"
 #include "nel_net/cAbstractTcpServer.h"
 
@@ -30,7 +31,6 @@ public:
     piVoid sltResume();
 
 private:
-    class cLife;
     struct cPending;
 
     cDescriptor accept(cTcpIpv4Address& peer, int& code);
@@ -46,7 +46,7 @@ private:
     cDescriptor mListener;             ///< outlives the work that waits for it
     npi::cWork mAcceptable;
     npi::cWork mResume;
-    cLife* mpLives = nullptr; ///< tells calls on the stack whether this still lives
+    nstd::cLife* mpLives = nullptr; ///< tells calls on the stack whether this still lives
 };
 
 } // namespace nnet

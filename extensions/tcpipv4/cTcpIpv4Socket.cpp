@@ -130,7 +130,10 @@ void cTcpIpv4Socket::close()
     cDescriptor const closing(std::move(mDescriptor)); // closed at the end, when no work waits for it
     if (!closing)
         return;
-    for (npi::cWork* work : {&readableWork(), &writableWork(), &exceptionWork()})
+    auto const works = {&readableWork(), &writableWork(), &exceptionWork()};
+    for (npi::cWork* work : works)
+        work->markDone(); // in any case: what follows may raise
+    for (npi::cWork* work : works)
         work->setAIOData(nstd::tAutoPtr<npi::cAbstractAIOData>());
 }
 

@@ -358,6 +358,11 @@ TEST_F(cTcpIpv4Test, slotsMayDeleteWhoeverCallsThem)
         client->connect(1000);
         EXPECT_TRUE(turnUntil([&] { return !client && (!server || !server->isListening()); }));
     }
+    onConnected = nothing;
+    makeServer(*address("127.0.0.1"));
+    client->connect(1000);
+    EXPECT_FALSE(client->waitConnection());
+    EXPECT_FALSE(client);
 }
 
 struct cFault {

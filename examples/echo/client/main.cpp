@@ -57,6 +57,8 @@ int send(cArguments const& arguments)
     cInput const input(arguments.file);
     if (input.fd() < 0)
         return fail("the file cannot be opened: ", std::strerror(errno));
+    if (::fcntl(input.fd(), F_GETFD) < 0) // else the next socket would take its number
+        return fail("there is no standard input: ", std::strerror(errno));
 
     nstd::cTime const start;
     cEchoClient client(factory, *target, input.fd(), arguments.timeout);

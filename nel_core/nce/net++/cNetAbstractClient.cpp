@@ -13,7 +13,10 @@ cNetAbstractClient::cNetAbstractClient(npi::cWorkQueue* queue) : mpQueue(queue)
     wq().addJob(mTimeout);
 }
 
-cNetAbstractClient::~cNetAbstractClient() = default;
+cNetAbstractClient::~cNetAbstractClient()
+{
+    nstd::cLife::end(mpLives);
+}
 
 npi::cWorkQueue& cNetAbstractClient::wq() const
 {
@@ -32,8 +35,12 @@ void cNetAbstractClient::stopTimeout()
 
 nstd::tAutoPtr<cNetAbstractConnection> cNetAbstractClient::waitConnection()
 {
-    while (!isConnected())
+    nstd::cLife const life(mpLives);
+    while (!isConnected()) {
         processConnect();
+        if (!life)
+            return nstd::tAutoPtr<cNetAbstractConnection>();
+    }
     return connection();
 }
 

@@ -5,6 +5,7 @@
 #include "nel_core/pi/cWork.h"
 #include "nel_core/rmi/cConnectable.h"
 #include "nel_core/rmi/signal0.h"
+#include "nel_core/std/cLife.h"
 
 namespace nce {
 
@@ -32,8 +33,8 @@ public:
     /// The time-out work fires once in that many milliseconds.
     void startTimeout(unsigned int milliseconds);
     void stopTimeout();
-    /// Connects without turning the queue and returns the connection; raises what makes it fail. Slots must
-    /// not delete the client meanwhile.
+    /// Connects without turning the queue and returns the connection; raises what makes it fail. Returns an
+    /// empty handle when a slot deletes the client.
     [[nodiscard]] nstd::tAutoPtr<cNetAbstractConnection> waitConnection();
 
     /// Connected to the time-out work; raises nstd::cRuntimeException.
@@ -44,7 +45,8 @@ protected:
 
 private:
     npi::cWork mTimeout;
-    npi::cWorkQueue* mpQueue; ///< not owned
+    npi::cWorkQueue* mpQueue;       ///< not owned
+    nstd::cLife* mpLives = nullptr; ///< tells calls on the stack whether this still lives
 };
 
 } // namespace nce

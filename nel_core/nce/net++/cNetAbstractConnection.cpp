@@ -60,63 +60,22 @@ unsigned long long elapsedMs(nstd::cTime& start)
     return (now - start).toMSec();
 }
 
-} // namespace
-
-// Tells code that calls handlers whether the connection still lives; on the stack, linked to those outside.
-class cNetAbstractConnection::cLife {
-public:
-    // The compiler cannot see that the destructor takes the address back wherever the connection still lives.
-#if __GNUC__ >= 12
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdangling-pointer"
-#endif
-    explicit cLife(cNetAbstractConnection& connection)
-        : mpConnection(&connection),
-          mpOuter(connection.mpLives)
-    {
-        connection.mpLives = this;
-    }
-#if __GNUC__ >= 12
-#pragma GCC diagnostic pop
-#endif
-    cLife(cLife const&) = delete;
-    cLife& operator=(cLife const&) = delete;
-    ~cLife()
-    {
-        if (mpConnection)
-            mpConnection->mpLives = mpOuter;
-    }
-    explicit operator bool() const
-    {
-        return mpConnection != nullptr;
-    }
-
-    static void end(cNetAbstractConnection& connection)
-    {
-        for (cLife* life = connection.mpLives; life; life = life->mpOuter)
-            life->mpConnection = nullptr;
-        connection.mpLives = nullptr;
-    }
-
-    /// Does `last` after `first`, also when that raises, unless the connection is gone.
-    template<typename First, typename Last>
-    void inAnyCase(First first, Last last) const
-    {
-        try {
-            first();
-        } catch (...) {
-            if (mpConnection)
-                last();
-            throw;
-        }
-        if (mpConnection)
+// Does `last` after `first`, also when that raises, unless the object is gone.
+template<typename First, typename Last>
+void inAnyCase(nstd::cLife const& life, First first, Last last)
+{
+    try {
+        first();
+    } catch (...) {
+        if (life)
             last();
+        throw;
     }
+    if (life)
+        last();
+}
 
-private:
-    cNetAbstractConnection* mpConnection; ///< null once the connection is gone
-    cLife* mpOuter;
-};
+} // namespace
 
 cNetAbstractConnection::cNetAbstractConnection(nstd::tAutoPtr<cNetAbstractSocket> socket) : mpSocket(socket)
 {
@@ -143,7 +102,7 @@ cNetAbstractConnection::cNetAbstractConnection(nstd::tAutoPtr<cNetAbstractSocket
 
 cNetAbstractConnection::~cNetAbstractConnection()
 {
-    cLife::end(*this);
+    nstd::cLife::end(mpLives);
     try {
         try {
             invalidate();
@@ -164,7 +123,7 @@ void cNetAbstractConnection::take(npi::cWork& work, piVoid (cNetAbstractConnecti
 void cNetAbstractConnection::sendRef(tConstBytesRef const& data)
 {
     requireIdle("$MTR$Network connection closed unexpectedly (1)!");
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     unsigned int const packet = miPacket;
     moTxView = data;
     try {
@@ -207,7 +166,7 @@ void cNetAbstractConnection::sendBuffer()
 // A slot of sigPacketSent that sends the next packet gets here again, on the same stack.
 void cNetAbstractConnection::startPacket()
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     miTxBytesLeft = moTxView.length();
     mbTxDeferred = miWritableSteps > kNestedSends;
     if (!mbTxDeferred)
@@ -266,7 +225,7 @@ bool cNetAbstractConnection::wait(unsigned int milliseconds,
                                   bool (cNetAbstractConnection::*isPending)() const,
                                   piVoid (cNetAbstractConnection::*step)(), char const* deadText)
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     auto start = npi::cSysTime::utcTime();
     bool const wasInvalid = mbInvalid;
     while ((this->*isPending)()) {
@@ -291,7 +250,7 @@ bool cNetAbstractConnection::wait(unsigned int milliseconds,
 // Raises when no step will ever move anything again.
 void cNetAbstractConnection::requireAlive(char const* deadText)
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     bool const isClosed = !mbInvalid && mpSocket->isClosed();
     if (isClosed)
         sltSocketException();
@@ -349,7 +308,7 @@ void cNetAbstractConnection::schedule(npi::cWorkQueue* queue)
 
 void cNetAbstractConnection::tryTransfer()
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     sltSocketReadable();
     if (life)
         sltSocketWritable();
@@ -357,7 +316,7 @@ void cNetAbstractConnection::tryTransfer()
 
 void cNetAbstractConnection::invalidate()
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     auto const tell = [this] {
         if (mbInvalidationTold)
             return;
@@ -368,7 +327,7 @@ void cNetAbstractConnection::invalidate()
         mbInvalid = true;
         mpSocket->close();
     };
-    life.inAnyCase(tell, close);
+    inAnyCase(life, tell, close);
 }
 
 void cNetAbstractConnection::invalidateLater()
@@ -458,7 +417,7 @@ void cNetAbstractConnection::provideSender()
 // second one get what is kept here.
 void cNetAbstractConnection::deliver(tBytes const& data)
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     nstd::tAutoPtr<cNetAbstractAddress> sender(mpSender);
     bool const isCopied = sender && &data == mpRxPacket && sigDataReceived.isConnected();
     tBytes copy;
@@ -473,16 +432,17 @@ void cNetAbstractConnection::deliver(tBytes const& data)
 
 piVoid cNetAbstractConnection::sltSocketWritable()
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     ++miWritableSteps;
-    life.inAnyCase([this] { writePacket(); }, [this] { --miWritableSteps; });
+    inAnyCase(
+        life, [this] { writePacket(); }, [this] { --miWritableSteps; });
     return piVoid();
 }
 
 // Ends when the packet is sent, or a slot has dropped or replaced it.
 void cNetAbstractConnection::writePacket()
 {
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     unsigned int const packet = miPacket;
     for (unsigned int round = 0; round < kWriteRounds; ++round) {
         if (mbInvalid)
@@ -537,14 +497,14 @@ piVoid cNetAbstractConnection::sltSocketException()
     clearTx();
     mbContinuous = false;
     clearRx();
-    cLife const life(*this);
+    nstd::cLife const life(mpLives);
     auto const tell = [this] {
         if (mbClosedReported)
             return;
         mbClosedReported = true;
         sigClosed(*this);
     };
-    life.inAnyCase(tell, [this] { invalidateLater(); });
+    inAnyCase(life, tell, [this] { invalidateLater(); });
     return piVoid();
 }
 

@@ -4,6 +4,7 @@
 #include "nel_core/nce/net++/cNetAbstractSocket.h"
 #include "nel_core/rmi/cConnectable.h"
 #include "nel_core/rmi/localSignal.h"
+#include "nel_core/std/cLife.h"
 #include "nel_core/std/cTime.h"
 #include "nel_core/std/tArray.h"
 #include "nel_core/std/tAutoPtr.h"
@@ -112,8 +113,6 @@ public:
     piVoid sltDelayedSocketDestroy();
 
 private:
-    class cLife;
-
     static bool handleTxPacket(cNetAbstractSocket& socket, tConstBytesRef const& packet,
                                unsigned int& bytesLeft);
     static void requireBounded(unsigned int returned, unsigned int given);
@@ -156,7 +155,7 @@ private:
     unsigned int miRxMoved = 0;       ///< the reads that have brought something
     nstd::cTime mDrainTime;           ///< when the pending packet last made progress, as far as known
     unsigned int miDrainMark = 0;     ///< miTxMoved at that time
-    cLife* mpLives = nullptr;         ///< tells calls on the stack whether this still lives
+    nstd::cLife* mpLives = nullptr;   ///< tells calls on the stack whether this still lives
 };
 
 } // namespace nce
