@@ -13,6 +13,7 @@
 namespace {
 
 constexpr unsigned int kHour = 3600 * 1000; // milliseconds
+constexpr unsigned int kCaches = 4096;      // bytes that the allocator may keep in its caches
 
 // Never waits.
 class cNoWait : public npi::cAbstractProcessEvents {
@@ -79,7 +80,7 @@ void oneShotWorks(benchmark::State& state)
         scheduleAndRun(counter, state.range(0));
     if (counter.miCount != static_cast<long long>(state.iterations() + 1) * state.range(0))
         state.SkipWithError("a work was not run once");
-    if (!npi::system().workQueue.jobs().empty() || mallinfo2().uordblks != memory)
+    if (!npi::system().workQueue.jobs().empty() || mallinfo2().uordblks > memory + kCaches)
         state.SkipWithError("memory has not come back");
     setTimeForEach(state, static_cast<double>(state.range(0)));
 }
